@@ -1,0 +1,204 @@
+#include "engine/render/source_state.hpp"
+
+#include <cstring>
+
+namespace tessora::render {
+
+using namespace host::literals;
+
+namespace {
+
+// pygame's flags for compressed surfaces, whose pixels are not in memory as they look.
+constexpr long kCompressed = 0x6000;
+constexpr long kColorKey = 0x1000;
+constexpr long kSourceAlpha = 0x10000;
+constexpr int kAlphaFormatBytes = 4;
+
+// pygame's methods, called without looking them up on each surface.
+PyObject* surface_method(PyObject* name) {
+  Ref type = host::modules::pygame["Surface"_name];
+  return host::get_attr(type, name).release();
+}
+
+long as_long(const Ref& value) {
+  long result = PyLong_AsLong(value.get());
+  if (result == -1 && PyErr_Occurred() != nullptr) throw host::HostError();
+  return result;
+}
+
+std::uint64_t pack(const Ref& components) {
+  std::uint64_t packed = 1;
+  for (Py_ssize_t index = 0; index < PyTuple_GET_SIZE(components.get()); ++index) {
+    packed = packed << 8U |
+             static_cast<std::uint64_t>(PyLong_AsLong(PyTuple_GET_ITEM(components.get(), index)));
+  }
+  return packed;
+}
+
+// Null where the installed pygame does not tell.
+const unsigned char* pixel_address(PyObject* surface) {
+  static PyObject* const descriptor = _PyType_Lookup(Py_TYPE(surface), "_pixels_address"_name);
+  if (descriptor == nullptr || Py_TYPE(descriptor)->tp_descr_get == nullptr) return nullptr;
+  Ref address = host::take(Py_TYPE(descriptor)->tp_descr_get(
+      descriptor, surface, reinterpret_cast<PyObject*>(Py_TYPE(surface))));
+  if (!PyLong_CheckExact(address.get())) return nullptr;
+  return static_cast<const unsigned char*>(PyLong_AsVoidPtr(address.get()));
+}
+
+}  // namespace
+
+std::optional<SurfaceState> read_state(PyObject* surface) {
+  static PyObject* const get_flags = surface_method("get_flags"_name);
+  static PyObject* const get_alpha = surface_method("get_alpha"_name);
+  static PyObject* const get_size = surface_method("get_size"_name);
+  static PyObject* const get_pitch = surface_method("get_pitch"_name);
+  static PyObject* const get_bytesize = surface_method("get_bytesize"_name);
+  static PyObject* const get_colorkey = surface_method("get_colorkey"_name);
+  SurfaceState state;
+  state.flags = as_long(host::call_library(get_flags, surface));
+  if ((state.flags & kCompressed) != 0) return std::nullopt;
+  state.pixel_bytes = static_cast<int>(as_long(host::call_library(get_bytesize, surface)));
+  if (state.pixel_bytes == 1) return std::nullopt;
+  Ref size = host::call_library(get_size, surface);
+  state.width = static_cast<int>(PyLong_AsLong(PyTuple_GET_ITEM(size.get(), 0)));
+  state.height = static_cast<int>(PyLong_AsLong(PyTuple_GET_ITEM(size.get(), 1)));
+  state.pitch = static_cast<int>(as_long(host::call_library(get_pitch, surface)));
+  Ref alpha = host::call_library(get_alpha, surface);
+  state.alpha = alpha.get() == Py_None ? -1 : static_cast<int>(as_long(alpha));
+  if ((state.flags & kColorKey) != 0) {
+    Ref key = host::call_library(get_colorkey, surface);
+    if (PyTuple_CheckExact(key.get())) state.key = pack(key);
+  }
+  state.pixels = pixel_address(surface);
+  if (state.pixels == nullptr || state.width <= 0 || state.height <= 0) return std::nullopt;
+  return state;
+}
+
+PyObject* root_surface(PyObject* surface) {
+  static PyObject* const get_abs_parent = surface_method("get_abs_parent"_name);
+  return host::call_library(get_abs_parent, surface).get();
+}
+
+namespace {
+
+Ref masks_of(PyObject* surface) { return surface_call(surface, "get_masks"_name); }
+
+struct Environment {
+  std::uint64_t tick = 0;  // of the script clock
+  std::uint64_t number = 0;
+  bool usable = false;
+  Ref display;
+  Ref smoothscale;
+  Ref rotozoom;
+  long display_bits = 0;
+  Ref alpha_masks;
+};
+
+Environment& the_environment() {
+  // Never destroyed: the interpreter is gone when static objects are.
+  static auto* const environment = new Environment;
+  return *environment;
+}
+
+void refresh(Environment& now) {
+  now.tick = host::clocks.script;
+  Ref display = host::call_library(host::modules::display["get_surface"_name]);
+  Ref smoothscale = host::modules::transform["smoothscale"_name];
+  Ref rotozoom = host::modules::transform["rotozoom"_name];
+  Ref surface = host::modules::pygame["Surface"_name];
+  // A script's replacements are called every time.
+  now.usable = is_plain_surface(display.get()) && PyCFunction_Check(smoothscale.get()) &&
+               PyCFunction_Check(rotozoom.get()) &&
+               surface.get() == reinterpret_cast<PyObject*>(Py_TYPE(display.get()));
+  if (!now.usable) return;
+  long bits = as_long(surface_call(display.get(), "get_bitsize"_name));
+  if (display.get() == now.display.get() && bits == now.display_bits &&
+      smoothscale.get() == now.smoothscale.get() && rotozoom.get() == now.rotozoom.get()) {
+    return;
+  }
+  ++now.number;
+  now.display = display;
+  now.display_bits = bits;
+  now.smoothscale = smoothscale;
+  now.rotozoom = rotozoom;
+  Ref one = host::integer(1);
+  now.alpha_masks = masks_of(new_alpha_surface(host::tuple(one, one)).get());
+  now.tick = host::clocks.script;
+}
+
+// A column of pixels of every value, and a row of them: pygame multiplies long rows another way.
+bool multiplying_by_white_keeps(bool column) {
+  Ref span = host::integer(256);
+  Ref one = host::integer(1);
+  Ref size = column ? host::tuple(one, span) : host::tuple(span, one);
+  Ref picture = new_alpha_surface(size);
+  Ref expected = new_alpha_surface(size);
+  for (int value = 0; value < 256; ++value) {
+    Ref number = host::integer(value);
+    Ref zero = host::integer(0);
+    Ref place = column ? host::tuple(zero, number) : host::tuple(number, zero);
+    Ref color = host::tuple(number, number, number, number);
+    surface_call(picture.get(), "set_at"_name, place, color);
+    surface_call(expected.get(), "set_at"_name, place, color);
+  }
+  Ref white = new_alpha_surface(size);
+  Ref full = host::integer(255);
+  surface_call(white.get(), "fill"_name, host::tuple(full, full, full, full));
+  Ref origin = host::tuple(host::integer(0), host::integer(0));
+  surface_call(picture.get(), "blit"_name, white, origin, Py_None,
+               host::modules::pygame["BLEND_RGBA_MULT"_name]);
+  std::optional<SurfaceState> left = read_state(picture.get());
+  std::optional<SurfaceState> right = read_state(expected.get());
+  if (!left || !right) return false;
+  PixelCopy copy;
+  copy.matches(*left);
+  return copy.matches(*right);
+}
+
+}  // namespace
+
+bool has_alpha_format(PyObject* surface, const SurfaceState& state) {
+  if (state.pixel_bytes != kAlphaFormatBytes || (state.flags & kSourceAlpha) == 0) return false;
+  Ref masks = masks_of(surface);
+  return host::check(PyObject_RichCompareBool(masks.get(), the_environment().alpha_masks.get(),
+                                              Py_EQ)) != 0;
+}
+
+std::uint64_t environment() {
+  Environment& now = the_environment();
+  if (now.tick != host::clocks.script) refresh(now);
+  return now.usable ? now.number : 0;
+}
+
+bool white_is_identity() {
+  static const bool identity =
+      multiplying_by_white_keeps(true) && multiplying_by_white_keeps(false);
+  return identity;
+}
+
+bool PixelCopy::matches(const SurfaceState& state) {
+  std::size_t row = state.row_bytes();
+  auto rows = static_cast<std::size_t>(state.height);
+  auto pitch = static_cast<std::size_t>(state.pitch);
+  bool same = copy_.size() == row * rows;
+  if (same && pitch == row) {
+    same = std::memcmp(copy_.data(), state.pixels, row * rows) == 0;
+  } else {
+    for (std::size_t index = 0; same && index < rows; ++index) {
+      same = std::memcmp(copy_.data() + index * row, state.pixels + index * pitch, row) == 0;
+    }
+  }
+  if (!same) take(state);
+  return same;
+}
+
+void PixelCopy::take(const SurfaceState& state) {
+  std::size_t row = state.row_bytes();
+  copy_.resize(row * static_cast<std::size_t>(state.height));
+  for (int index = 0; index < state.height; ++index) {
+    std::memcpy(copy_.data() + static_cast<std::size_t>(index) * row,
+                state.pixels + static_cast<std::ptrdiff_t>(index) * state.pitch, row);
+  }
+}
+
+}  // namespace tessora::render
