@@ -82,7 +82,7 @@ void import_libraries(PyObject* module) {
   for (const char* name : {"json", "threading"}) import_module(module, name, name);
 }
 
-PyObject* find_late_import(PyObject* module, PyObject* name) {
+PyObject* find_late_import(PyObject*, PyObject* name) {
   return host::guarded<PyObject*>(nullptr, [&] {
     const char* chars = PyUnicode_AsUTF8(name);
     if (chars == nullptr) throw host::HostError();
@@ -96,7 +96,6 @@ PyObject* find_late_import(PyObject* module, PyObject* name) {
         PyErr_Clear();
         break;
       }
-      host::check(PyObject_SetAttr(module, name, value.get()));
       return value.release();
     }
     PyErr_Format(PyExc_AttributeError, "module 'Tessora' has no attribute '%U'", name);

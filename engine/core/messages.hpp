@@ -43,6 +43,8 @@ inline const Message GetSizeRect{"GetSizeRect"};
 inline const Message GetAngle{"GetAngle"};
 inline const Message GetSX{"GetSX"};
 inline const Message GetSY{"GetSY"};
+inline const Message GetX{"GetX"};
+inline const Message GetY{"GetY"};
 inline const Message IsVisible{"IsVisible"};
 inline const Message SetAngle{"SetAngle"};
 inline const Message SetAXY{"SetAXY"};
@@ -50,6 +52,8 @@ inline const Message SetHeight{"SetHeight"};
 inline const Message SetSXY{"SetSXY"};
 inline const Message SetVisible{"SetVisible"};
 inline const Message SetWidth{"SetWidth"};
+inline const Message SetX{"SetX"};
+inline const Message SetY{"SetY"};
 inline const Message SetXY{"SetXY"};
 
 inline const Message draw{"draw"};

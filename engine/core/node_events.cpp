@@ -15,7 +15,8 @@ Ref point_params(PyObject* px, PyObject* py) {
 }
 
 void run_key_function(GameNode& node, LazySlot& table, PyObject* key) {
-  if (node.is_default(table)) return;
+  bool hashable = PyUnicode_CheckExact(key) || PyLong_CheckExact(key);
+  if (hashable && node.is_default(table)) return;
   Ref functions = node.read(table);
   if (!host::contains(functions.get(), key)) return;
   host::call(host::get_item(functions.get(), key));

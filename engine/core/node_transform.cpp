@@ -27,11 +27,9 @@ const host::MessageSet& transform_messages() {
 }
 
 
-bool any_unset(std::initializer_list<PyObject*> values) {
-  for (PyObject* value : values) {
-    if (value == nullptr) return true;
-  }
-  return false;
+// Whether the attribute is set, to a float or a small int.
+bool is_plain(const Slot& slot) {
+  return slot.object != nullptr && Number(slot.object).is_plain();
 }
 
 // What the parent adds: its own answer to `query`, or `otherwise` without a parent.
@@ -71,9 +69,8 @@ const GameNode::World* GameNode::compute_world() {
     if (known == nullptr) return nullptr;
     above = *known;
   }
-  if (any_unset({x.object, y.object, sx.object, sy.object, angle.object, anchorx.object,
-                 anchory.object, width.object, height.object})) {
-    return nullptr;
+  for (const Slot* slot : {&x, &y, &sx, &sy, &angle, &anchorx, &anchory, &width, &height}) {
+    if (!is_plain(*slot)) return nullptr;
   }
   Number scale_x(sx.object);
   Number scale_y(sy.object);

@@ -25,9 +25,13 @@ void write_empty_tables(GameNode& node) {
 }  // namespace
 
 GameNode* game_node(PyObject* object) {
-  const host::ClassInfo* info = host::type_entry(Py_TYPE(object)).engine_class;
+  const host::TypeEntry& entry = host::type_entry(Py_TYPE(object));
+  const host::ClassInfo* info = entry.engine_class;
   while (info != nullptr && info != &host::class_info<GameNode>) info = info->base;
-  return info == nullptr ? nullptr : static_cast<GameNode*>(object);
+  if (info == nullptr) return nullptr;
+  auto* node = static_cast<GameNode*>(object);
+  node->properties_override = entry.properties_override;
+  return node;
 }
 
 void GameNode::construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y) {
@@ -301,6 +305,24 @@ void declare_tree(NodeBuilder& builder) {
           "setters: position, scale, angle, size, anchor, flags, callbacks, bindings, user data.");
 }
 
+namespace {
+
+template <const host::Message* Getter>
+PyObject* get_position(PyObject* self, void*) {
+  return host::guarded<PyObject*>(nullptr, [&] { return (*Getter)(self).release(); });
+}
+
+template <const host::Message* Setter>
+int set_position(PyObject* self, PyObject* value, void*) {
+  return host::guarded(-1, [&] {
+    if (value == nullptr) host::raise(PyExc_AttributeError, "a position cannot be deleted");
+    (*Setter)(self, value);
+    return 0;
+  });
+}
+
+}  // namespace
+
 void register_scene_node(PyObject* module) {
   NodeBuilder builder("GameNode", nullptr);
   builder.attribute("NodeType", &GameNode::NodeType, "kind of node, \"GameNode\" here")
@@ -386,8 +408,10 @@ void register_scene_node(PyObject* module) {
       .accessors<&GameNode::instanceID>("GetInstanceID", "SetInstanceID", "i")
       .accessors<&GameNode::sceneInstance>("GetSceneInstance", nullptr, "sceneInstance")
       .accessors<&GameNode::NodeType>("GetNodeType", nullptr, "type")
-      .slot_property<&GameNode::x>("X", "Position of the anchor, as `x`.")
-      .slot_property<&GameNode::y>("Y", "Position of the anchor, as `y`.");
+      .property("X", &get_position<&message::GetX>, &set_position<&message::SetX>,
+                "Position of the anchor, through GetX and SetX.")
+      .property("Y", &get_position<&message::GetY>, &set_position<&message::SetY>,
+                "Position of the anchor, through GetY and SetY.");
   declare_tree(builder);
   declare_transform(builder);
   declare_drawing(builder);

@@ -78,9 +78,11 @@ void GUI_Button::SetTextColor_Click(PyObject* r, PyObject* g, PyObject* b) {
 bool GUI_Button::is_hovered() {
   if (!host::is_text(read(NodeType).get(), "Button"_name)) return false;
   Ref pointer = host::call(host::modules::mouse["get_pos"_name]);
-  Ref px = host::get_item(pointer.get(), host::integer(0).get());
-  Ref py = host::get_item(pointer.get(), host::integer(1).get());
-  return drawn_rect_contains(px.get(), py.get());
+  if (PyTuple_CheckExact(pointer.get()) && PyTuple_GET_SIZE(pointer.get()) == 2) {
+    return drawn_rect_contains(PyTuple_GET_ITEM(pointer.get(), 0),
+                               PyTuple_GET_ITEM(pointer.get(), 1));
+  }
+  return host::equals_true(host::call_method(drawn_rect(), "collidepoint"_name, pointer));
 }
 
 void GUI_Button::draw_state(PyObject* screen, LazySlot& background, const Slot& picture,

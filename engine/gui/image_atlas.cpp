@@ -86,6 +86,18 @@ Ref untrimmed(const Frame& frame, const Ref& picture) {
   return canvas;
 }
 
+// pygame's own test overflows far outside the sheet.
+void check_inside(const Ref& sheet, const Ref& area) {
+  Ref size = host::call_method(sheet, "get_size"_name);
+  for (PyObject* each : {"x"_name, "y"_name, "width"_name, "height"_name}) {
+    bool across = each == "x"_name || each == "width"_name;
+    Number value = side(area, each);
+    if (value < Number(0) || value > host::number(part(size, across ? 0 : 1))) {
+      host::raise(PyExc_ValueError, "a frame lies outside its sheet");
+    }
+  }
+}
+
 Ref cut(const Ref& sheet, const Frame& frame) {
   Ref width = host::get_attr(frame.rect, "width"_name);
   Ref height = host::get_attr(frame.rect, "height"_name);
@@ -93,6 +105,7 @@ Ref cut(const Ref& sheet, const Frame& frame) {
   Ref area = host::call(host::modules::pygame["Rect"_name], host::get_attr(frame.rect, "x"_name),
                         host::get_attr(frame.rect, "y"_name), frame.rotated ? height : width,
                         frame.rotated ? width : height);
+  check_inside(sheet, area);
   Ref picture = host::call_method(host::call_method(sheet, "subsurface"_name, area), "copy"_name);
   if (frame.rotated) {
     picture = host::call(host::modules::transform["rotate"_name], picture, host::integer(90));

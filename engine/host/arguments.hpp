@@ -121,49 +121,4 @@ Ref native_setter(Object& self, PyObject* const* args) {
   return none();
 }
 
-// One record per native function: it belongs to one method of one class.
-template <Native Function>
-inline Method method_record;
-
-template <Native Function>
-PyObject* call_without_arguments(PyObject* self, PyObject*) {
-  return guarded<PyObject*>(nullptr, [&] {
-    script_ran();
-    return Function(*static_cast<Object*>(self), nullptr).release();
-  });
-}
-
-// Reads only: nothing that was computed before loses its truth.
-template <Native Function>
-PyObject* call_getter(PyObject* self, PyObject*) {
-  return guarded<PyObject*>(
-      nullptr, [&] { return Function(*static_cast<Object*>(self), nullptr).release(); });
-}
-
-template <Native Function, std::size_t Arity>
-PyObject* call_with_arguments(PyObject* self, PyObject* const* args, Py_ssize_t count,
-                              PyObject* kwnames) {
-  return guarded<PyObject*>(nullptr, [&] {
-    script_ran();
-    auto& object = *static_cast<Object*>(self);
-    if (kwnames == nullptr && count == static_cast<Py_ssize_t>(Arity)) {
-      return Function(object, args).release();
-    }
-    PyObject* bound[Arity] = {};
-    method_record<Function>.bind(args, count, kwnames, bound);
-    return Function(object, bound).release();
-  });
-}
-
-template <Native Function, std::size_t Arity>
-int call_constructor(PyObject* self, PyObject* args, PyObject* kwargs) {
-  return guarded(-1, [&] {
-    script_ran();
-    PyObject* bound[Arity + 1] = {};
-    method_record<Function>.bind(args, kwargs, bound);
-    Function(*static_cast<Object*>(self), bound);
-    return 0;
-  });
-}
-
 }  // namespace tessora::host

@@ -254,10 +254,8 @@ Ref Object::read_slow(const Slot& slot) const {
   auto* self = const_cast<Object*>(this);
   auto offset = reinterpret_cast<const char*>(&slot) - reinterpret_cast<const char*>(this);
   const Attribute& attribute = info_of(self).at(offset);
-  if (properties_override) return get_attr(self, attribute.name);
-  PyErr_Format(PyExc_AttributeError, "'%.100s' object has no attribute '%U'",
-               Py_TYPE(self)->tp_name, attribute.name);
-  throw HostError();
+  // The host's look-up also finds a property, and what it says of an unset attribute.
+  return get_attr(self, attribute.name);
 }
 
 void Object::write_slow(Slot& slot, PyObject* value) {

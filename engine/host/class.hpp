@@ -3,7 +3,7 @@
 
 #include <deque>
 
-#include "engine/host/dispatch.hpp"
+#include "engine/host/bindings.hpp"
 
 namespace tessora::host {
 
@@ -180,12 +180,6 @@ class ClassBuilder : ClassBuilderBase {
     add_property(name, get, set, nullptr, doc);
     return *this;
   }
-  // A property that reads and writes an attribute under another name.
-  template <auto Member>
-  ClassBuilder& slot_property(const char* name, const char* doc) {
-    add_property(name, &get_slot<Member>, &set_slot<Member>, nullptr, doc);
-    return *this;
-  }
   ClassBuilder& initialiser(initproc init, std::string doc) {
     add_slot(Py_tp_init, slot_pointer(init));
     doc_ = std::move(doc);
@@ -207,19 +201,6 @@ class ClassBuilder : ClassBuilderBase {
   }
 
  private:
-  template <auto Member>
-  static PyObject* get_slot(PyObject* self, void*) {
-    return call_getter<&native_getter<Member>>(self, nullptr);
-  }
-  template <auto Member>
-  static int set_slot(PyObject* self, PyObject* value, void*) {
-    return guarded(-1, [&] {
-      if (value == nullptr) raise(PyExc_AttributeError, "cannot be deleted");
-      native_setter<Member>(*static_cast<Object*>(self), &value);
-      return 0;
-    });
-  }
-
   template <class Function>
   static void* slot_pointer(Function* function) {
     return reinterpret_cast<void*>(function);

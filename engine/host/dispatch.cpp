@@ -39,6 +39,10 @@ bool stack_is_used_up() noexcept {
   return used > kStackLimit || -used > kStackLimit;
 }
 
+bool overrides(PyTypeObject* type, PyObject* method) {
+  return _PyType_Lookup(type, method) != _PyType_Lookup(&PyBaseObject_Type, method);
+}
+
 }  // namespace
 
 const Method Message::replaced{};
@@ -58,7 +62,7 @@ void Message::intern_names() {
 bool Message::exists(PyObject* name) { return message_names.count(name) != 0; }
 
 const Method* Message::resolve(TypeEntry& entry) const {
-  PyObject* found = _PyType_Lookup(entry.type, name_);
+  PyObject* found = entry.hooked ? nullptr : _PyType_Lookup(entry.type, name_);
   const Method* method = found == nullptr ? nullptr : engine_method(found);
   entry.methods[index_] = method == nullptr ? &replaced : method;
   return entry.methods[index_];
@@ -100,7 +104,9 @@ bool MessageSet::carries_message_slow(const Object& object) {
 
 TypeEntry& load_type_entry(PyTypeObject* type) {
   const ClassInfo* engine_class = engine_class_of(type);
+  bool hooked = engine_class != nullptr && overrides(type, "__getattribute__"_name);
   bool properties = engine_class != nullptr && settle_class_attributes(type, *engine_class);
+  properties = properties || hooked || overrides(type, "__setattr__"_name);
   // A look-up makes the host number the type's version.
   _PyType_Lookup(type, "__class__"_name);
   static TypeEntry unversioned;
@@ -109,6 +115,7 @@ TypeEntry& load_type_entry(PyTypeObject* type) {
   entry.type = type;
   entry.version = type->tp_version_tag;
   entry.engine_class = engine_class;
+  entry.hooked = hooked;
   entry.properties_override = properties;
   entry.sets_known = 0;
   entry.sets_direct = 0;

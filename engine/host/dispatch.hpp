@@ -21,7 +21,8 @@ struct TypeEntry {
   PyTypeObject* type = nullptr;
   unsigned version = 0;
   const ClassInfo* engine_class = nullptr;  // null for types that are not the engine's
-  bool properties_override = false;
+  bool hooked = false;               // a script's __getattribute__ sees every look-up
+  bool properties_override = false;  // attributes are not read and written in place
   std::uint32_t sets_known = 0;   // one bit for each MessageSet: answered for this version
   std::uint32_t sets_direct = 0;  // and the answer
   std::array<const Method*, kMaxMessages> methods{};  // null until first asked for
@@ -85,10 +86,10 @@ class Message {
   [[nodiscard]] const Method* find(PyObject* receiver) const {
     TypeEntry& entry = type_entry(Py_TYPE(receiver));
     if (entry.engine_class == nullptr) return nullptr;
-    const Method* method = entry.methods[index_];
-    if (method == nullptr) method = resolve(entry);
-    if (method == &replaced || static_cast<Object*>(receiver)->carries(name_)) return nullptr;
-    return method;
+    auto* object = static_cast<Object*>(receiver);
+    object->properties_override = entry.properties_override;
+    const Method* method = find_in(entry);
+    return method == &replaced || object->carries(name_) ? nullptr : method;
   }
 
   // What the receiver's type makes of the message, without a look at the instance.
@@ -122,6 +123,7 @@ class MessageSet {
   [[nodiscard]] bool all_direct(PyObject* receiver) const {
     TypeEntry& entry = type_entry(Py_TYPE(receiver));
     if ((entry.sets_known & bit_) == 0) resolve(entry);
+    static_cast<Object*>(receiver)->properties_override = entry.properties_override;
     return (entry.sets_direct & bit_) != 0 && !carries_message(*static_cast<Object*>(receiver));
   }
 
