@@ -8,6 +8,15 @@ namespace {
 constexpr int kHandleSize = 6;
 constexpr double kAnchorArm = 5.0;
 
+const host::MessageSet& overlay_messages() {
+  static const host::MessageSet set{
+      {&message::drawsize, &host::native<&GameNode::drawsize>},
+      {&message::drawAnchor, &host::native<&GameNode::drawAnchor>},
+      {&message::drawDragRect, &host::native<&GameNode::drawDragRect>},
+  };
+  return set;
+}
+
 }  // namespace
 
 bool is_visible(PyObject* node) {
@@ -27,10 +36,16 @@ void GameNode::draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, Py
   auto* self = static_cast<PyObject*>(this);
   if (!is_visible(self)) return;
   message::draw_begin(self, offset_x, offset_y, scale);
-  message::drawsize(self, screen);
-  message::drawAnchor(self, screen, scale);
   static PyObject* const handle_size = host::integer(kHandleSize).release();
-  message::drawDragRect(self, screen, handle_size, read(dragcornerindex));
+  if (overlay_messages().all_direct(self)) {
+    drawsize(screen);
+    drawAnchor(screen, scale);
+    drawDragRect(screen, handle_size, read(dragcornerindex).get());
+  } else {
+    message::drawsize(self, screen);
+    message::drawAnchor(self, screen, scale);
+    message::drawDragRect(self, screen, handle_size, read(dragcornerindex));
+  }
   message::draw_children(self, screen, offset_x, offset_y, scale);
   if (is_set(sceneInstance)) message::CallInnerEvent(self, "Render"_name);
 }

@@ -10,6 +10,17 @@ constexpr int kHandleSize = 6;
 
 using render::PictureSpec;
 
+const host::MessageSet& overlay_messages() {
+  static const host::MessageSet set{
+      {&message::drawStyle, &host::native<&GUI_Image::drawStyle>},
+      {&message::drawFocusBorder, &host::native<&GUI_Image::drawFocusBorder>},
+      {&message::drawDragRect, &host::native<&GameNode::drawDragRect>},
+      {&message::drawAnchor, &host::native<&GameNode::drawAnchor>},
+      {&message::drawCollInfo, &host::native<&GUI_Image::drawCollInfo>},
+  };
+  return set;
+}
+
 // The flags for the picture's blit: none for the default blend mode.
 Ref blit_flags(GUI_Image& widget) {
   Ref flags = widget.read(widget.blendtype);
@@ -98,12 +109,21 @@ bool GUI_Image::is_hollow() {
 void GUI_Image::finish_draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y,
                             PyObject* scale) {
   static PyObject* const handle_size = host::integer(kHandleSize).release();
+  static PyObject* const marker_scale = host::real(1.0).release();
   auto* self = static_cast<PyObject*>(this);
-  message::drawStyle(self, screen);
-  message::drawFocusBorder(self, screen);
-  message::drawDragRect(self, screen, handle_size, read(dragcornerindex));
-  message::drawAnchor(self, screen);
-  message::drawCollInfo(self, screen);
+  if (overlay_messages().all_direct(self)) {
+    drawStyle(screen);
+    drawFocusBorder(screen);
+    drawDragRect(screen, handle_size, read(dragcornerindex).get());
+    drawAnchor(screen, marker_scale);
+    drawCollInfo(screen);
+  } else {
+    message::drawStyle(self, screen);
+    message::drawFocusBorder(self, screen);
+    message::drawDragRect(self, screen, handle_size, read(dragcornerindex));
+    message::drawAnchor(self, screen);
+    message::drawCollInfo(self, screen);
+  }
   message::draw_children(self, screen, offset_x, offset_y, scale);
   if (!is_set(sceneInstance)) return;
   Ref counter = host::find_attr(read(sceneInstance).get(), "AddBatchCount"_name);

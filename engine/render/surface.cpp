@@ -44,12 +44,9 @@ bool is_plain_surface(PyObject* object) {
 std::optional<std::uint32_t> plain_color(PyObject* object) {
   static PyTypeObject* const type = library_type("Color"_name);
   if (Py_TYPE(object) != type) return std::nullopt;
-  std::uint32_t packed = 0;
-  for (PyObject* component : {"r"_name, "g"_name, "b"_name, "a"_name}) {
-    Ref value = host::take(PyObject_GetAttr(object, component));
-    packed = packed << 8U | static_cast<std::uint32_t>(PyLong_AsLong(value.get()));
-  }
-  return packed;
+  // As a number, a colour is its four bytes.
+  Ref packed = host::take(PyNumber_Long(object));
+  return static_cast<std::uint32_t>(PyLong_AsUnsignedLongLongMask(packed.get()));
 }
 
 Ref new_alpha_surface(const Ref& size) {
