@@ -12,12 +12,13 @@ namespace {
 
 // Whether GAction's own method is still the engine's.
 bool is_original(const host::Message& method, host::Native native) {
-  const host::Method* found =
-      method.find_in(host::type_entry(host::class_info<GAction>.type));
+  const host::Method* found = method.find_in(host::type_entry(host::class_info<GAction>.type));
   return found->native == native;
 }
 
-PyObject* base_class() { return reinterpret_cast<PyObject*>(host::class_info<GAction>.type); }
+PyObject* base_class() {
+  return reinterpret_cast<PyObject*>(host::class_info<GAction>.type);
+}
 
 }  // namespace
 
@@ -34,9 +35,13 @@ void GAction::Run() {
   write(over, false);
 }
 
-void GAction::Pause() { write(running, false); }
+void GAction::Pause() {
+  write(running, false);
+}
 
-void GAction::Resume() { write(running, true); }
+void GAction::Resume() {
+  write(running, true);
+}
 
 void GAction::Stop() {
   write(running, false);
@@ -47,7 +52,9 @@ void GAction::update(PyObject* delay) {
   if (is_true(running) && is_false(over)) write(runtime, number(runtime) + host::number(delay));
 }
 
-bool GAction::is_playing() const { return is_set(targetNode) && is_true(running) && is_false(over); }
+bool GAction::is_playing() const {
+  return is_set(targetNode) && is_true(running) && is_false(over);
+}
 
 void GAction::base_run() {
   if (is_original(message::Run, &host::native<&GAction::Run>)) return Run();

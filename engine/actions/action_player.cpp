@@ -21,7 +21,9 @@ void ActionPlayer::add_actions(PyObject* groups) {
   });
 }
 
-void ActionPlayer::CleanUp() { write(ActionArray, Py_None); }
+void ActionPlayer::CleanUp() {
+  write(ActionArray, Py_None);
+}
 
 Ref ActionPlayer::first_group() const {
   static PyObject* const zero = host::integer(0).release();
@@ -94,10 +96,11 @@ void register_action_player(PyObject* module) {
           "Plays a group of actions on a node, one after another; see GameNode.RunAction.\n\n"
           "Call SetTarget, AddActions and Run, in this order, before update: until then the\n"
           "attributes of the base class do not exist.")
-      .function("AddActions", &add_action_groups, METH_VARARGS,
-                "AddActions($self, *groups)\n--\n\n"
-                "Take the groups, each a sequence of actions, and give every action the player's "
-                "target.\n\nOnly the first group is played. Raises AttributeError before SetTarget.")
+      .function(
+          "AddActions", &add_action_groups, METH_VARARGS,
+          "AddActions($self, *groups)\n--\n\n"
+          "Take the groups, each a sequence of actions, and give every action the player's "
+          "target.\n\nOnly the first group is played. Raises AttributeError before SetTarget.")
       .method<&ActionPlayer::CleanUp>("CleanUp", "Forget all actions.")
       .method<&ActionPlayer::Run>(
           "Run",

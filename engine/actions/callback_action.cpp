@@ -48,8 +48,7 @@ int initialise(PyObject* self, PyObject* args, PyObject* kwargs) {
 void register_callback_action(PyObject* module) {
   constructor_record.declare("CallBackAction", nullptr, {"duration", "callbackFunc"});
   host::ClassBuilder<CallBackAction> builder("CallBackAction", &host::class_info<GAction>);
-  builder
-      .attribute("duration", &CallBackAction::duration, "Seconds until the call.")
+  builder.attribute("duration", &CallBackAction::duration, "Seconds until the call.")
       .attribute("callbackFunc", &CallBackAction::callbackFunc, "The function to call, or None.")
       .attribute("callbackParams", &CallBackAction::callbackParams,
                  "Dictionary with the constructor's other keyword arguments.")

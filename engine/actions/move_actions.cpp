@@ -43,10 +43,9 @@ void register_move(PyObject* module, const char* name, const char* doc, const ch
       .template method<&Action::Run>(
           "Run",
           "Start from the node's world position (GetWX, GetWY); without a target nothing happens.")
-      .template method<&Action::update>(
-          "update", {"delay"},
-          "Add `delay` seconds and move the node with SetXY.\n\n"
-          "Raises ValueError for a time before the start.");
+      .template method<&Action::update>("update", {"delay"},
+                                        "Add `delay` seconds and move the node with SetXY.\n\n"
+                                        "Raises ValueError for a time before the start.");
   builder.finish(module);
 }
 
@@ -59,11 +58,10 @@ void register_move_actions(PyObject* module) {
       "The way begins at the node's world position but is set as its local one: the two agree for\n"
       "a node without an anchor whose parent, if any, is at the origin.",
       "pygame.math.Vector2: where the movement ends.");
-  register_move<MoveByAction>(
-      module, "MoveByAction",
-      "Moves a node by (`x`, `y`) pixels in `duration` seconds.\n\n"
-      "Started again, it moves on from where the node is by then.",
-      "pygame.math.Vector2: the whole way in pixels.");
+  register_move<MoveByAction>(module, "MoveByAction",
+                              "Moves a node by (`x`, `y`) pixels in `duration` seconds.\n\n"
+                              "Started again, it moves on from where the node is by then.",
+                              "pygame.math.Vector2: the whole way in pixels.");
 }
 
 }  // namespace tessora

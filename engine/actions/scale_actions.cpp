@@ -42,10 +42,9 @@ void register_scale(PyObject* module, const char* name, const char* doc, const c
       .template constructor<&Action::construct>({"duration", "sx", "sy"}, doc)
       .template method<&Action::Run>(
           "Run", "Start from the node's scale (GetSX, GetSY); without a target nothing happens.")
-      .template method<&Action::update>(
-          "update", {"delay"},
-          "Add `delay` seconds and scale the node with SetSXY.\n\n"
-          "Raises ValueError for a time before the start.");
+      .template method<&Action::update>("update", {"delay"},
+                                        "Add `delay` seconds and scale the node with SetSXY.\n\n"
+                                        "Raises ValueError for a time before the start.");
   builder.finish(module);
 }
 

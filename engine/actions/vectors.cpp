@@ -91,7 +91,9 @@ bool is_fraction(const Number& time) {
 
 }  // namespace
 
-Ref make_vector(PyObject* x, PyObject* y) { return host::call(vector_class(), x, y); }
+Ref make_vector(PyObject* x, PyObject* y) {
+  return host::call(vector_class(), x, y);
+}
 
 Point components(PyObject* vector) {
   if (vectors().reads(vector)) {

@@ -13,8 +13,8 @@ namespace {
 
 Ref point_in_edges(PyObject* x, PyObject* y, PyObject* left, PyObject* right, PyObject* top,
                    PyObject* bottom) {
-  bool outside = number(x) < number(left) || number(x) > number(right) ||
-                 number(y) < number(top) || number(y) > number(bottom);
+  bool outside = number(x) < number(left) || number(x) > number(right) || number(y) < number(top) ||
+                 number(y) > number(bottom);
   return host::integer(outside ? 0 : 1);
 }
 

@@ -28,8 +28,12 @@ const host::MessageSet& transform_messages() {
 
 
 // Whether the attribute is set, to a float or a small int.
-bool is_plain(const Slot& slot) {
-  return slot.object != nullptr && Number(slot.object).is_plain();
+bool read_plain(const Slot& slot, double& value) {
+  return slot.object != nullptr && host::small_number(slot.object, value);
+}
+
+bool is_real(const Slot& slot) {
+  return slot.object != nullptr && PyFloat_CheckExact(slot.object);
 }
 
 // What the parent adds: its own answer to `query`, or `otherwise` without a parent.
@@ -69,23 +73,24 @@ const GameNode::World* GameNode::compute_world() {
     if (known == nullptr) return nullptr;
     above = *known;
   }
-  for (const Slot* slot : {&x, &y, &sx, &sy, &angle, &anchorx, &anchory, &width, &height}) {
-    if (!is_plain(*slot)) return nullptr;
+  double left = 0;
+  double top = 0;
+  double turn = 0;
+  double anchor_x = 0;
+  double anchor_y = 0;
+  double wide = 0;
+  double high = 0;
+  // With scales that are floats, machine arithmetic gives the host's results.
+  if (!is_real(sx) || !is_real(sy) || !read_plain(x, left) || !read_plain(y, top) ||
+      !read_plain(angle, turn) || !read_plain(anchorx, anchor_x) ||
+      !read_plain(anchory, anchor_y) || !read_plain(width, wide) || !read_plain(height, high)) {
+    return nullptr;
   }
-  Number scale_x(sx.object);
-  Number scale_y(sy.object);
-  Number offset_x = Number(anchorx.object) * Number(width.object) * scale_x;
-  Number offset_y = Number(anchory.object) * Number(height.object) * scale_y;
-  Number left = Number(above.x) + Number(x.object) - offset_x;
-  Number top = Number(above.y) + Number(y.object) - offset_y;
-  Number world_sx = Number(above.sx) * scale_x;
-  Number world_sy = Number(above.sy) * scale_y;
-  Number world_angle = Number(above.angle) + Number(angle.object);
-  for (const Number* value : {&left, &top, &world_sx, &world_sy, &world_angle}) {
-    if (!value->is_real()) return nullptr;
-  }
-  world_memo.values = {left.plain(), top.plain(), world_sx.plain(), world_sy.plain(),
-                       world_angle.plain()};
+  double scale_x = PyFloat_AS_DOUBLE(sx.object);
+  double scale_y = PyFloat_AS_DOUBLE(sy.object);
+  world_memo.values = {above.x + left - anchor_x * wide * scale_x,
+                       above.y + top - anchor_y * high * scale_y, above.sx * scale_x,
+                       above.sy * scale_y, above.angle + turn};
   world_memo.state = host::clocks.state;
   return &world_memo.values;
 }

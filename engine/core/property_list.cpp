@@ -25,7 +25,9 @@ Ref children_of(PyObject* element) {
   return children;
 }
 
-Ref text_of(PyObject* element) { return host::get_attr(element, "text"_name); }
+Ref text_of(PyObject* element) {
+  return host::get_attr(element, "text"_name);
+}
 
 // The value of an element without children, or an empty reference for any other tag.
 Ref simple_value(PyObject* element, PyObject* tag) {

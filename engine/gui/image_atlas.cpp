@@ -39,7 +39,7 @@ Ref braced_numbers(const Ref& text, Py_ssize_t count) {
 
 struct Frame {
   Ref rect;     // pygame.Rect, upright
-  bool rotated;
+  bool rotated = false;
   Ref source;   // untrimmed size as (width, height), or empty
   Ref offset;   // of the trimmed picture's centre, y upwards, or empty
 };

@@ -29,14 +29,36 @@ Ref blit_flags(GUI_Image& widget) {
   return is_plain ? host::none() : flags;
 }
 
-// The widget's drawing in machine numbers, when that is all it takes.
-std::optional<PictureSpec> picture_spec(GUI_Image& widget, int opacity) {
+// The drawn rectangle in machine numbers.
+struct PlainBox {
+  double left, top, width, height, scale_x, scale_y;
+};
+
+std::optional<PlainBox> plain_box(GUI_Image& widget) {
+  PlainBox box{};
+  if (widget.properties_override) return std::nullopt;
+  const std::pair<const Slot*, double*> values[] = {
+      {&widget.WX, &box.left},         {&widget.WY, &box.top},
+      {&widget.width, &box.width},     {&widget.height, &box.height},
+      {&widget.WSX, &box.scale_x},     {&widget.WSY, &box.scale_y}};
+  for (const auto& [slot, value] : values) {
+    if (slot->object == nullptr || !host::small_number(slot->object, *value)) return std::nullopt;
+  }
+  return box;
+}
+
+// What the picture is made of, when machine numbers are all it takes.
+std::optional<PictureSpec> picture_spec(GUI_Image& widget, const PlainBox& box, int opacity) {
   PictureSpec spec{0, 0, 0.0, opacity, false, 0};
-  Number angle = widget.number(widget.WAngle);
-  if (!angle.is_real() || !std::isfinite(angle.plain())) return std::nullopt;
-  spec.angle = angle.plain() == 0.0 ? 0.0 : angle.plain();
-  if (!host::rect_integer(widget.number(widget.width) * widget.number(widget.WSX), spec.width) ||
-      !host::rect_integer(widget.number(widget.height) * widget.number(widget.WSY), spec.height)) {
+  double angle = 0.0;
+  if (widget.WAngle.object == nullptr || !PyFloat_CheckExact(widget.WAngle.object)) {
+    return std::nullopt;
+  }
+  angle = PyFloat_AS_DOUBLE(widget.WAngle.object);
+  if (!std::isfinite(angle)) return std::nullopt;
+  if (angle != 0.0) spec.angle = angle;
+  if (!host::rect_integer(box.width * box.scale_x, spec.width) ||
+      !host::rect_integer(box.height * box.scale_y, spec.height)) {
     return std::nullopt;
   }
   constexpr std::uint32_t kWhite = 0xFFFFFFFF;
@@ -54,29 +76,36 @@ std::optional<PictureSpec> picture_spec(GUI_Image& widget, int opacity) {
   return spec;
 }
 
+// Draws a kept picture, if there is one.
+bool draw_kept(GUI_Image& widget, PyObject* screen, PyObject* picture, int opacity,
+               PyObject* flags) {
+  if (!render::is_plain_surface(picture) || !render::is_plain_surface(screen)) return false;
+  std::optional<PlainBox> box = plain_box(widget);
+  if (!box) return false;
+  std::optional<PictureSpec> spec = picture_spec(widget, *box, opacity);
+  if (!spec) return false;
+  std::optional<render::Picture> kept = render::kept_picture(picture, *spec, screen);
+  if (!kept) return false;
+  Ref surface = Ref::share(kept->surface);
+  render::blit_plain(screen, surface.get(),
+                     box->left + box->width / 2 * box->scale_x - kept->width / 2.0,
+                     box->top + box->height / 2 * box->scale_y - kept->height / 2.0, flags);
+  return true;
+}
+
 }  // namespace
 
 void GUI_Image::draw_faded_or_plain(PyObject* screen, PyObject* picture, int opacity) {
-  Number wide = number(width) * number(WSX);
-  Number high = number(height) * number(WSY);
-  Number center_x = number(WX) + number(width) / Number(2) * number(WSX);
-  Number center_y = number(WY) + number(height) / Number(2) * number(WSY);
   Ref flags = blit_flags(*this);
-  if (render::is_plain_surface(picture) && render::is_plain_surface(screen)) {
-    if (std::optional<PictureSpec> spec = picture_spec(*this, opacity)) {
-      if (auto kept = render::kept_picture(picture, *spec, screen)) {
-        render::blit(screen, Ref::share(kept->surface), center_x - Number(kept->width / 2.0),
-                     center_y - Number(kept->height / 2.0), flags.get());
-        return;
-      }
-    }
-  }
+  if (draw_kept(*this, screen, picture, opacity, flags.get())) return;
   Ref source = Ref::share(picture);
   if (opacity != kOpaque) source = render::faded(picture, host::integer(opacity).get());
-  Ref size = host::tuple(wide.truncated(), high.truncated());
+  Ref size = host::tuple((number(width) * number(WSX)).truncated(),
+                         (number(height) * number(WSY)).truncated());
   Ref color = read(bgColor);
   Ref done = render::finished(source.get(), size, number(WAngle), color.get());
-  render::blit_centered(screen, done, center_x, center_y, flags.get());
+  render::blit_centered(screen, done, number(WX) + number(width) / Number(2) * number(WSX),
+                        number(WY) + number(height) / Number(2) * number(WSY), flags.get());
 }
 
 void GUI_Image::drawimage(PyObject* screen, PyObject* picture) {

@@ -88,7 +88,12 @@ void GUI_Label::drawText(PyObject* screen, PyObject* given, PyObject* color) {
   Number left = aligned(HAlign, "left"_name, "right"_name, textleftgap, number(width), wide);
   Number top = aligned(VAlign, "top"_name, "bottom"_name, texttopgap, number(height), high);
   if (number(WAngle) == Number(0)) {
-    Ref drawn = host::tuple((wide * number(WSX)).truncated(), (high * number(WSY)).truncated());
+    // Some versions render more rows than size() promises.
+    Ref own = host::call_method(picture, "get_size"_name);
+    Ref own_width = host::get_item(own.get(), host::integer(0).get());
+    Ref own_height = host::get_item(own.get(), host::integer(1).get());
+    Ref drawn = host::tuple((host::number(own_width) * number(WSX)).truncated(),
+                            (host::number(own_height) * number(WSY)).truncated());
     render::blit(screen, render::scaled(picture, drawn), number(WX) + left * number(WSX),
                  number(WY) + top * number(WSY), Py_None);
     return;

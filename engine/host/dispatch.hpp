@@ -34,7 +34,10 @@ inline constexpr std::size_t kTypeEntries = 256;
 inline std::array<TypeEntry, kTypeEntries> type_entries;
 
 inline bool has_version(const PyTypeObject* type) noexcept {
-  return (type->tp_flags & Py_TPFLAGS_VALID_VERSION_TAG) != 0 && type->tp_version_tag != 0;
+#if PY_VERSION_HEX < 0x030D0000
+  if ((type->tp_flags & Py_TPFLAGS_VALID_VERSION_TAG) == 0) return false;
+#endif
+  return type->tp_version_tag != 0;
 }
 
 inline TypeEntry& type_entry(PyTypeObject* type) {

@@ -13,10 +13,14 @@ class Number {
   Number(double value) noexcept : real_(value) {}  // NOLINT(google-explicit-constructor)
   Number(int value) noexcept : kind_(Kind::kInteger), integer_(value) {}  // NOLINT
   explicit Number(PyObject* value) {
-    if (PyFloat_CheckExact(value)) {
-      real_ = PyFloat_AS_DOUBLE(value);
-    } else {
+    double small = 0.0;
+    if (!small_number(value, small)) {
       load(value);
+    } else if (PyFloat_CheckExact(value)) {
+      real_ = small;
+    } else {
+      kind_ = Kind::kInteger;
+      integer_ = static_cast<std::int64_t>(small);
     }
   }
 
@@ -78,7 +82,7 @@ class Number {
 
   Kind kind_ = Kind::kReal;
   union {
-    double real_;
+    double real_ = 0.0;
     std::int64_t integer_;  // at most 2**53 in size, so that plain() is exact
   };
   Ref object_;

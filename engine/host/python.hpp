@@ -10,8 +10,31 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 #include <structmember.h>
+#if PY_VERSION_HEX < 0x030B0000
+#include <longintrepr.h>
+#endif
 
 namespace tessora::host {
+
+// The value of a float, or of an int of one digit (less than 2**30 in size), without a call. False
+// for everything else.
+inline bool small_number(PyObject* object, double& value) {
+  if (PyFloat_CheckExact(object)) {
+    value = PyFloat_AS_DOUBLE(object);
+    return true;
+  }
+  if (!PyLong_CheckExact(object)) return false;
+  auto* digits = reinterpret_cast<PyLongObject*>(object);
+#if PY_VERSION_HEX >= 0x030C0000
+  if (PyUnstable_Long_IsCompact(digits) == 0) return false;
+  value = static_cast<double>(PyUnstable_Long_CompactValue(digits));
+#else
+  Py_ssize_t size = Py_SIZE(object);
+  if (size < -1 || size > 1) return false;
+  value = size == 0 ? 0.0 : static_cast<double>(size) * digits->ob_digit[0];
+#endif
+  return true;
+}
 
 #if PY_VERSION_HEX < 0x03090000
 inline PyObject* vectorcall(PyObject* callable, PyObject* const* args, size_t nargsf,

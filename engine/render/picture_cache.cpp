@@ -1,10 +1,10 @@
 #include "engine/render/picture_cache.hpp"
 
-#include <array>
 #include <bit>
 #include <list>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "engine/render/source_state.hpp"
 
@@ -48,7 +48,7 @@ std::uint64_t fingerprint(const Source& source, const PictureSpec& spec) {
   mix(std::bit_cast<std::uint64_t>(spec.angle));
   mix(static_cast<std::uint64_t>(spec.alpha) << 33U |
       static_cast<std::uint64_t>(spec.tinted) << 32U | spec.color);
-  return value | 1U;
+  return value;
 }
 
 class PictureCache {
@@ -58,7 +58,7 @@ class PictureCache {
  private:
   Source* source_of(PyObject* surface);
   bool verify_state(Source& source);
-  void verify_pixels(Source& source);
+  bool verify_pixels(Source& source);
   void drop_pictures(Source& source);
   void drop(Entries::iterator entry);
   void forget(Source& source);
@@ -77,7 +77,8 @@ class PictureCache {
   PyObject* screen_ = nullptr;
   const PyObject* screen_root_ = nullptr;
   // A picture is kept when it is asked for a second time: what changes on every frame is not.
-  std::array<std::uint64_t, 8192> asked_{};
+  std::unordered_set<std::uint64_t> asked_;
+  std::unordered_set<std::uint64_t> asked_before_;
 };
 
 bool is_identity(const Source& source, const PictureSpec& spec) {
@@ -112,26 +113,29 @@ bool PictureCache::verify_state(Source& source) {
     source.state = SurfaceState();
     return false;
   }
-  bool moved = now->pixels != source.state.pixels;
-  bool same = now->same_as(source.state);
+  if (now->same_as(source.state)) return true;
+  drop_pictures(source);
   source.state = *now;
-  if (same && !moved) return true;
   source.root = root_surface(source.surface);
   // A blit of a shared picture reads memory that another surface may be writing.
   source.alpha_format = source.root == source.surface && now->key == 0 &&
-                        (now->alpha == -1 || now->alpha == 255) &&
-                        has_alpha_format(source.surface, *now);
-  if (!same) drop_pictures(source);
+                        (now->alpha == -1 || now->alpha == 255) && has_alpha_format(*now);
   return true;
 }
 
-void PictureCache::verify_pixels(Source& source) {
-  if (source.verified_pixels == host::clocks.script) return;
+bool PictureCache::verify_pixels(Source& source) {
+  if (source.verified_pixels == host::clocks.script) return true;
+  std::optional<Pixels> pixels = read_pixels(source.surface, source.state);
+  if (!pixels) {
+    drop_pictures(source);
+    return false;
+  }
   std::size_t before = source.copy.bytes();
-  bool same = source.copy.matches(source.state);
+  bool same = source.copy.matches(*pixels);
   bytes_ += source.copy.bytes() - before;
   source.verified_pixels = host::clocks.script;
   if (!same) drop_pictures(source);
+  return true;
 }
 
 void PictureCache::drop(Entries::iterator entry) {
@@ -168,10 +172,14 @@ void PictureCache::sweep() {
 }
 
 bool PictureCache::is_wanted_again(const Source& source, const PictureSpec& spec) {
+  constexpr std::size_t kGeneration = 16384;
   std::uint64_t mark = fingerprint(source, spec);
-  std::uint64_t& place = asked_[mark % asked_.size()];
-  if (place == mark) return true;
-  place = mark;
+  if (asked_.count(mark) != 0 || asked_before_.count(mark) != 0) return true;
+  if (asked_.size() >= kGeneration) {
+    asked_before_.swap(asked_);
+    asked_.clear();
+  }
+  asked_.insert(mark);
   return false;
 }
 
@@ -185,10 +193,9 @@ const PyObject* PictureCache::screen_root(PyObject* screen) {
 }
 
 std::optional<Picture> PictureCache::make(Source& source, const PictureSpec& spec) {
-  if (!is_wanted_again(source, spec)) return std::nullopt;
-  verify_pixels(source);
+  if (!is_wanted_again(source, spec) || !verify_pixels(source)) return std::nullopt;
   Ref image = Ref::share(source.surface);
-  std::uint64_t before = host::clocks.script;
+  const std::uint64_t before = host::clocks.script;
   if (spec.alpha != 255) image = faded(image.get(), host::integer(spec.alpha).get());
   Ref color = host::none();
   if (spec.tinted) {
@@ -202,7 +209,9 @@ std::optional<Picture> PictureCache::make(Source& source, const PictureSpec& spe
   if (!is_plain_surface(picture.get())) return std::nullopt;
   std::optional<SurfaceState> made = read_state(picture.get());
   if (!made) return std::nullopt;
-  std::size_t bytes = static_cast<std::size_t>(made->pitch) * static_cast<std::size_t>(made->height);
+  constexpr std::size_t kPixelBytes = 4;
+  std::size_t bytes = kPixelBytes * static_cast<std::size_t>(made->width) *
+                      static_cast<std::size_t>(made->height);
   entries_.push_front({&source, spec, picture, made->width, made->height, bytes});
   source.pictures.push_back(entries_.begin());
   bytes_ += bytes;

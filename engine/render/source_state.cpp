@@ -12,7 +12,6 @@ namespace {
 constexpr long kCompressed = 0x6000;
 constexpr long kColorKey = 0x1000;
 constexpr long kSourceAlpha = 0x10000;
-constexpr int kAlphaFormatBytes = 4;
 
 // pygame's methods, called without looking them up on each surface.
 PyObject* surface_method(PyObject* name) {
@@ -20,8 +19,8 @@ PyObject* surface_method(PyObject* name) {
   return host::get_attr(type, name).release();
 }
 
-long as_long(const Ref& value) {
-  long result = PyLong_AsLong(value.get());
+long as_long(PyObject* value) {
+  long result = PyLong_AsLong(value);
   if (result == -1 && PyErr_Occurred() != nullptr) throw host::HostError();
   return result;
 }
@@ -47,31 +46,46 @@ const unsigned char* pixel_address(PyObject* surface) {
 
 }  // namespace
 
+bool SurfaceState::same_as(const SurfaceState& other) const {
+  return width == other.width && height == other.height && flags == other.flags &&
+         alpha == other.alpha && key == other.key && masks && other.masks &&
+         host::check(PyObject_RichCompareBool(masks.get(), other.masks.get(), Py_EQ)) != 0;
+}
+
 std::optional<SurfaceState> read_state(PyObject* surface) {
   static PyObject* const get_flags = surface_method("get_flags"_name);
   static PyObject* const get_alpha = surface_method("get_alpha"_name);
   static PyObject* const get_size = surface_method("get_size"_name);
-  static PyObject* const get_pitch = surface_method("get_pitch"_name);
-  static PyObject* const get_bytesize = surface_method("get_bytesize"_name);
+  static PyObject* const get_masks = surface_method("get_masks"_name);
   static PyObject* const get_colorkey = surface_method("get_colorkey"_name);
   SurfaceState state;
-  state.flags = as_long(host::call_library(get_flags, surface));
+  state.flags = as_long(host::call_library(get_flags, surface).get());
   if ((state.flags & kCompressed) != 0) return std::nullopt;
-  state.pixel_bytes = static_cast<int>(as_long(host::call_library(get_bytesize, surface)));
-  if (state.pixel_bytes == 1) return std::nullopt;
   Ref size = host::call_library(get_size, surface);
-  state.width = static_cast<int>(PyLong_AsLong(PyTuple_GET_ITEM(size.get(), 0)));
-  state.height = static_cast<int>(PyLong_AsLong(PyTuple_GET_ITEM(size.get(), 1)));
-  state.pitch = static_cast<int>(as_long(host::call_library(get_pitch, surface)));
+  state.width = static_cast<int>(as_long(PyTuple_GET_ITEM(size.get(), 0)));
+  state.height = static_cast<int>(as_long(PyTuple_GET_ITEM(size.get(), 1)));
   Ref alpha = host::call_library(get_alpha, surface);
-  state.alpha = alpha.get() == Py_None ? -1 : static_cast<int>(as_long(alpha));
+  state.alpha = alpha.get() == Py_None ? -1 : static_cast<int>(as_long(alpha.get()));
   if ((state.flags & kColorKey) != 0) {
     Ref key = host::call_library(get_colorkey, surface);
     if (PyTuple_CheckExact(key.get())) state.key = pack(key);
   }
-  state.pixels = pixel_address(surface);
-  if (state.pixels == nullptr || state.width <= 0 || state.height <= 0) return std::nullopt;
+  state.masks = host::call_library(get_masks, surface);
   return state;
+}
+
+std::optional<Pixels> read_pixels(PyObject* surface, const SurfaceState& state) {
+  static PyObject* const get_pitch = surface_method("get_pitch"_name);
+  static PyObject* const get_bytesize = surface_method("get_bytesize"_name);
+  auto bytes = as_long(host::call_library(get_bytesize, surface).get());
+  if (bytes == 1 || state.width <= 0 || state.height <= 0) return std::nullopt;
+  Pixels pixels{};
+  pixels.row_bytes = static_cast<std::size_t>(bytes) * static_cast<std::size_t>(state.width);
+  pixels.pitch = as_long(host::call_library(get_pitch, surface).get());
+  pixels.rows = state.height;
+  pixels.address = pixel_address(surface);
+  if (pixels.address == nullptr) return std::nullopt;
+  return pixels;
 }
 
 PyObject* root_surface(PyObject* surface) {
@@ -111,7 +125,7 @@ void refresh(Environment& now) {
                PyCFunction_Check(rotozoom.get()) &&
                surface.get() == reinterpret_cast<PyObject*>(Py_TYPE(display.get()));
   if (!now.usable) return;
-  long bits = as_long(surface_call(display.get(), "get_bitsize"_name));
+  long bits = as_long(surface_call(display.get(), "get_bitsize"_name).get());
   if (display.get() == now.display.get() && bits == now.display_bits &&
       smoothscale.get() == now.smoothscale.get() && rotozoom.get() == now.rotozoom.get()) {
     return;
@@ -147,8 +161,12 @@ bool multiplying_by_white_keeps(bool column) {
   Ref origin = host::tuple(host::integer(0), host::integer(0));
   surface_call(picture.get(), "blit"_name, white, origin, Py_None,
                host::modules::pygame["BLEND_RGBA_MULT"_name]);
-  std::optional<SurfaceState> left = read_state(picture.get());
-  std::optional<SurfaceState> right = read_state(expected.get());
+  auto pixels_of = [](const Ref& surface) -> std::optional<Pixels> {
+    std::optional<SurfaceState> state = read_state(surface.get());
+    return state ? read_pixels(surface.get(), *state) : std::nullopt;
+  };
+  std::optional<Pixels> left = pixels_of(picture);
+  std::optional<Pixels> right = pixels_of(expected);
   if (!left || !right) return false;
   PixelCopy copy;
   copy.matches(*left);
@@ -157,11 +175,10 @@ bool multiplying_by_white_keeps(bool column) {
 
 }  // namespace
 
-bool has_alpha_format(PyObject* surface, const SurfaceState& state) {
-  if (state.pixel_bytes != kAlphaFormatBytes || (state.flags & kSourceAlpha) == 0) return false;
-  Ref masks = masks_of(surface);
-  return host::check(PyObject_RichCompareBool(masks.get(), the_environment().alpha_masks.get(),
-                                              Py_EQ)) != 0;
+bool has_alpha_format(const SurfaceState& state) {
+  return (state.flags & kSourceAlpha) != 0 &&
+         host::check(PyObject_RichCompareBool(
+             state.masks.get(), the_environment().alpha_masks.get(), Py_EQ)) != 0;
 }
 
 std::uint64_t environment() {
@@ -176,28 +193,30 @@ bool white_is_identity() {
   return identity;
 }
 
-bool PixelCopy::matches(const SurfaceState& state) {
-  std::size_t row = state.row_bytes();
-  auto rows = static_cast<std::size_t>(state.height);
-  auto pitch = static_cast<std::size_t>(state.pitch);
+bool PixelCopy::matches(const Pixels& pixels) {
+  std::size_t row = pixels.row_bytes;
+  auto rows = static_cast<std::size_t>(pixels.rows);
   bool same = copy_.size() == row * rows;
-  if (same && pitch == row) {
-    same = std::memcmp(copy_.data(), state.pixels, row * rows) == 0;
+  if (same && pixels.pitch == static_cast<std::ptrdiff_t>(row)) {
+    same = std::memcmp(copy_.data(), pixels.address, row * rows) == 0;
   } else {
-    for (std::size_t index = 0; same && index < rows; ++index) {
-      same = std::memcmp(copy_.data() + index * row, state.pixels + index * pitch, row) == 0;
+    const unsigned char* from = pixels.address;
+    for (std::size_t index = 0; same && index < rows; ++index, from += pixels.pitch) {
+      same = std::memcmp(copy_.data() + index * row, from, row) == 0;
     }
   }
-  if (!same) take(state);
+  if (!same) take(pixels);
   return same;
 }
 
-void PixelCopy::take(const SurfaceState& state) {
-  std::size_t row = state.row_bytes();
-  copy_.resize(row * static_cast<std::size_t>(state.height));
-  for (int index = 0; index < state.height; ++index) {
-    std::memcpy(copy_.data() + static_cast<std::size_t>(index) * row,
-                state.pixels + static_cast<std::ptrdiff_t>(index) * state.pitch, row);
+void PixelCopy::take(const Pixels& pixels) {
+  copy_.resize(pixels.row_bytes * static_cast<std::size_t>(pixels.rows));
+  const unsigned char* from = pixels.address;
+  unsigned char* to = copy_.data();
+  for (int index = 0; index < pixels.rows; ++index) {
+    std::memcpy(to, from, pixels.row_bytes);
+    from += pixels.pitch;
+    to += pixels.row_bytes;
   }
 }
 

@@ -81,19 +81,26 @@ Ref finished(PyObject* image, const Ref& size, const Number& angle, PyObject* co
   return picture;
 }
 
+void blit_plain(PyObject* screen, PyObject* image, double left, double top, PyObject* flags) {
+  static PyObject* const method =
+      host::get_attr(host::modules::pygame["Surface"_name], "blit"_name).release();
+  int column = 0;
+  int row = 0;
+  bool whole = host::rect_integer(left, column) && host::rect_integer(top, row);
+  Ref place = whole ? host::tuple(host::integer(column), host::integer(row))
+                    : host::tuple(host::real(left), host::real(top));
+  if (flags == Py_None) {
+    host::call_library(method, screen, image, place);
+  } else {
+    host::call_library(method, screen, image, place, Py_None, flags);
+  }
+}
+
 void blit(PyObject* screen, const Ref& image, const Number& left, const Number& top,
           PyObject* flags) {
-  if (is_plain_surface(screen) && is_plain_surface(image.get())) {
-    int column = 0;
-    int row = 0;
-    bool whole = host::rect_integer(left, column) && host::rect_integer(top, row);
-    Ref place = whole ? host::tuple(host::integer(column), host::integer(row))
-                      : host::tuple(left.object(), top.object());
-    if (flags == Py_None) {
-      surface_call(screen, "blit"_name, image, place);
-    } else {
-      surface_call(screen, "blit"_name, image, place, Py_None, flags);
-    }
+  if (is_plain_surface(screen) && is_plain_surface(image.get()) && left.is_plain() &&
+      top.is_plain()) {
+    blit_plain(screen, image.get(), left.plain(), top.plain(), flags);
     return;
   }
   Ref place = host::tuple(left.object(), top.object());

@@ -39,6 +39,8 @@ Ref rotated(const Ref& image, const Number& angle);
 // Blits at a position in floats, which pygame cuts towards zero. `flags` is none for a plain blit.
 void blit(PyObject* screen, const Ref& image, const Number& left, const Number& top,
           PyObject* flags);
+// Blits one of pygame's own surfaces onto another; the position is cut towards zero.
+void blit_plain(PyObject* screen, PyObject* image, double left, double top, PyObject* flags);
 // Blits with the centre at this position.
 void blit_centered(PyObject* screen, const Ref& image, const Number& center_x,
                    const Number& center_y, PyObject* flags);

@@ -28,9 +28,13 @@ Ref in_folder(PyObject* folder, PyObject* name) {
   return join(join(folder, "\\"_name).get(), name);
 }
 
-Ref lower(PyObject* name) { return host::call_method(name, "lower"_name); }
+Ref lower(PyObject* name) {
+  return host::call_method(name, "lower"_name);
+}
 
-Ref path_function(PyObject* name) { return host::get_attr(host::modules::os["path"_name], name); }
+Ref path_function(PyObject* name) {
+  return host::get_attr(host::modules::os["path"_name], name);
+}
 
 bool exists(PyObject* path) {
   return host::equals_true(host::call(path_function("exists"_name), openable_path(path)));
@@ -132,16 +136,16 @@ void ResourceManager::ManageImageMemory(PyObject* name) {
   for (Py_ssize_t index = 0; index < host::length(names.get()); ++index) {
     Ref place = host::integer(index);
     if (!host::equals(host::get_item(names.get(), place.get()).get(), name)) continue;
-    host::print_line(host::take(PyUnicode_FromFormat(
-        "%S load:%zd -> %S", name, index, read(ImageDict_MemManage_Count).get())));
+    host::print_line(host::take(PyUnicode_FromFormat("%S load:%zd -> %S", name, index,
+                                                     read(ImageDict_MemManage_Count).get())));
     host::del_item(names.get(), place.get());
     host::call_method(names, "append"_name, name);
     return;
   }
   host::call_method(names, "append"_name, name);
   write(ImageDict_MemManage_Count, number(ImageDict_MemManage_Count) + Number(1));
-  host::print_line(host::take(
-      PyUnicode_FromFormat("%S load:%S", name, read(ImageDict_MemManage_Count).get())));
+  host::print_line(
+      host::take(PyUnicode_FromFormat("%S load:%S", name, read(ImageDict_MemManage_Count).get())));
 }
 
 void ResourceManager::ReleaseAllImageMemeory() {
@@ -183,9 +187,8 @@ void register_resource_manager(PyObject* module) {
           "Add the files of a folder and of all folders below it to the index.\n\n"
           "`dirType` is the name of the top-level folder that is being read: files in \"Scene\"\n"
           "that have a \"_Res.Json\" file beside them are scenes.")
-      .method<&Manager::AddNewResFile>(
-          "AddNewResFile", {"filePath"},
-          "Add one file to the index, which need not exist yet.")
+      .method<&Manager::AddNewResFile>("AddNewResFile", {"filePath"},
+                                       "Add one file to the index, which need not exist yet.")
       .method<&Manager::GetResPath>(
           "GetResPath", {"filename"},
           "Return the full path of a file named without its folder, or None if it is unknown.")

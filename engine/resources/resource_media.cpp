@@ -15,7 +15,9 @@ Ref mixer_attribute(PyObject* name) {
   return host::get_attr(host::modules::pygame["mixer"_name], name);
 }
 
-Ref music_function(PyObject* name) { return host::get_attr(mixer_attribute("music"_name), name); }
+Ref music_function(PyObject* name) {
+  return host::get_attr(mixer_attribute("music"_name), name);
+}
 
 }  // namespace
 
@@ -26,7 +28,9 @@ void ResourceManager::PlayMusic(PyObject* name, PyObject* loops) {
   host::call(music_function("play"_name), loops, host::integer(0));
 }
 
-void ResourceManager::StopMusic() { host::call(music_function("stop"_name)); }
+void ResourceManager::StopMusic() {
+  host::call(music_function("stop"_name));
+}
 
 Ref ResourceManager::PlaySound(PyObject* name) {
   Ref path = message::GetResPath(this, name);
