@@ -76,3 +76,11 @@ def base_python():
         if candidate.exists():
             return candidate
     return Path(sys.executable)
+
+
+def stubtest_command(python):
+    """Compares the type stubs that mypy finds with the module that the interpreter finds."""
+    command = [python, "-m", "mypy.stubtest", "Tessora"]
+    if sys.version_info < (3, 10):
+        command += ["--allowlist", TOOLS / "stubtest-allowlist.txt", "--ignore-unused-allowlist"]
+    return command

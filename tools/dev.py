@@ -8,7 +8,7 @@ from pathlib import Path
 
 import windows_check
 from cmake_build import Build
-from common import ROOT, Problem, find_program, run
+from common import ROOT, Problem, find_program, run, stubtest_command
 from environment import CurrentEnvironment, VirtualEnvironment
 
 HEADLESS = {"SDL_VIDEODRIVER": "dummy", "SDL_AUDIODRIVER": "dummy"}
@@ -104,10 +104,18 @@ def stubs_check(environment, args):
     build = prepare(environment, "test", "stubs")
     env = build.run_environment(MYPYPATH=str(ROOT), **HEADLESS)
     run([environment.python, "-m", "mypy"], env=env)
-    run([environment.python, "-m", "mypy.stubtest", "Tessora", *args], env=env)
+    run([*stubtest_command(environment.python), *args], env=env)
+    run([environment.python, ROOT / "tools" / "stub_docs.py"], env=env)
+
+
+def stubs_docs(environment, args):
+    build = prepare(environment, "test")
+    command = [environment.python, ROOT / "tools" / "stub_docs.py", "--fix", *args]
+    run(command, env=build.run_environment(**HEADLESS))
 
 
 def wheel_check(environment, args):
+    environment.ensure()
     run([environment.python, ROOT / "tools" / "wheel_check.py", *args])
 
 
@@ -143,6 +151,7 @@ COMMANDS = {
     "format": format_sources,
     "lint": lint,
     "stubs-check": stubs_check,
+    "stubs-docs": stubs_docs,
     "test": test,
     "test-all": test_all,
     "wheel-check": wheel_check,

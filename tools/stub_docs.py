@@ -8,6 +8,7 @@ import sys
 import textwrap
 
 import Tessora
+
 from common import ROOT
 
 STUB = ROOT / "Tessora.pyi"
@@ -80,9 +81,11 @@ def main():
             if fix:
                 lines[node.lineno - 1 : node.end_lineno] = laid_out(text, node.col_offset)
             else:
-                faults.append(f"{name}: the docstrings differ (--fix copies the module's)")
+                faults.append(
+                    f"{name}: the docstrings differ (tools/dev.py stubs-docs copies the module's)"
+                )
     if fix:
-        STUB.write_text("\n".join(lines), encoding="utf-8")
+        STUB.write_bytes("\n".join(lines).encode())
     if faults:
         sys.exit("\n".join(reversed(faults)))
 

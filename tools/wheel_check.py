@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import sys
 
-from common import BUILD, TOOLS, Problem, base_python, clean_environment, run
+from common import BUILD, TOOLS, Problem, base_python, clean_environment, run, stubtest_command
 
 FOLDER = BUILD / "wheel-check"
 
@@ -59,7 +59,7 @@ def main():
     )
     if "NoSuchMethod" not in found.stdout:
         raise Problem("mypy does not find the installed stubs:\n" + found.stdout)
-    run([python, "-m", "mypy.stubtest", "Tessora"], cwd=FOLDER, env=env)
+    run(stubtest_command(python), cwd=FOLDER, env=env)
 
 
 if __name__ == "__main__":

@@ -46,8 +46,6 @@ Ref ActionPlayer::current_action() const {
 
 void ActionPlayer::Run() {
   if (!is_set(targetNode)) return;
-  // A player is an action, and so may play another.
-  host::RecursionGuard guard;
   if (host::length(read(ActionArray).get()) > 0) {
     write(ActionIndex, Number(0));
     message::Run(current_action());
@@ -59,7 +57,6 @@ void ActionPlayer::update(PyObject* delay) {
   if (!is_playing()) return;
   base_update(delay);
   if (!is_set(ActionArray)) return;
-  host::RecursionGuard guard;
   message::update(current_action(), delay);
   // The action may have emptied the player or filled it anew.
   if (!is_set(ActionArray) || !host::equals_true(message::IsOver(current_action()))) return;

@@ -87,7 +87,6 @@ void GameNode::drawDragRect(PyObject* screen, PyObject* size, PyObject* index) {
 
 void GameNode::OnEditRectDraging(PyObject* px, PyObject* py) {
   if (has_children()) {
-    host::RecursionGuard guard;
     for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
       message::OnEditRectDraging(child, px, py);
     }

@@ -205,7 +205,7 @@ void declare_registry(LayerBuilder& builder) {
 void register_layer(PyObject* module) {
   LayerBuilder builder("GameLayer", nullptr);
   builder.attribute("sceneInstance", &GameLayer::sceneInstance, "the owning scene, or none")
-      .attribute("NodeType", &GameLayer::NodeType, "\"GameLayer\"")
+      .attribute("NodeType", &GameLayer::NodeType, "kind of object, \"GameLayer\"")
       .attribute("LayerName", &GameLayer::LayerName, "name in the scene's event methods, or none")
       .attribute("GameNodeDict", &GameLayer::GameNodeDict, "instance number to node")
       .attribute("SortGameNodeInstanceIDArray", &GameLayer::SortGameNodeInstanceIDArray,
@@ -224,8 +224,8 @@ void register_layer(PyObject* module) {
       .attribute("scrollType", &GameLayer::scrollType,
                  "0 none, 1 left, 2 right, 3 up, 4 down")
       .attribute("scrollSpeed", &GameLayer::scrollSpeed, "scroll speed, pixels per second")
-      .attribute("scrollPosX", &GameLayer::scrollPosX, "scroll offset, pixels")
-      .attribute("scrollPosY", &GameLayer::scrollPosY, "scroll offset, pixels")
+      .attribute("scrollPosX", &GameLayer::scrollPosX, "horizontal scroll offset, pixels")
+      .attribute("scrollPosY", &GameLayer::scrollPosY, "vertical scroll offset, pixels")
       .attribute("font", &GameLayer::font, "font of the labels of debug points");
   builder.constructor<&GameLayer::construct>(
       {}, "A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.\n\n"

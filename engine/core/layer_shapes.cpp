@@ -98,7 +98,6 @@ void GameLayer::draw_shapes(PyObject* screen) {
 }
 
 void declare_layer_shapes(LayerBuilder& builder) {
-  const char* removed = "Remove the shape at that position; other positions are ignored.";
   builder
       .native_method<&add_point<&GameLayer::PointArray>, 4>(
           "AddPoint", {"pointName", "pointType", "px", "py"},
@@ -112,9 +111,12 @@ void declare_layer_shapes(LayerBuilder& builder) {
       .accessors<&GameLayer::PointArray>("GetPointArray", nullptr, "points")
       .accessors<&GameLayer::LineArray>("GetLineArray", nullptr, "lines")
       .accessors<&GameLayer::RectArray>("GetRectArray", nullptr, "rects")
-      .native_method<&delete_shape<&GameLayer::PointArray>, 1>("DelPoint", {"index"}, removed)
-      .native_method<&delete_shape<&GameLayer::LineArray>, 1>("DelLine", {"index"}, removed)
-      .native_method<&delete_shape<&GameLayer::RectArray>, 1>("DelRect", {"index"}, removed);
+      .native_method<&delete_shape<&GameLayer::PointArray>, 1>("DelPoint", {"index"},
+          "Remove the debug point at that position; positions out of range are ignored.")
+      .native_method<&delete_shape<&GameLayer::LineArray>, 1>("DelLine", {"index"},
+          "Remove the debug line at that position; positions out of range are ignored.")
+      .native_method<&delete_shape<&GameLayer::RectArray>, 1>("DelRect", {"index"},
+          "Remove the debug rectangle at that position; positions out of range are ignored.");
 }
 
 }  // namespace tessora

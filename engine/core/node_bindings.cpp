@@ -117,7 +117,7 @@ void declare_bindings(NodeBuilder& builder) {
           "`params` is a dictionary of keyword arguments. Returns the method's result, none when "
           "nothing is bound or the scene has no such method.")
       .method<&GameNode::CallInnerEvent>("CallInnerEvent", {"eventName", {"params", nullptr}},
-                                         "The same for a built-in event; see CallEvent.");
+                                         "Call the scene's method that is bound to a built-in event, as CallEvent does.");
 }
 
 }  // namespace tessora

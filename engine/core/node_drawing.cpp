@@ -53,7 +53,6 @@ void GameNode::draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, Py
 void GameNode::draw_children(PyObject* screen, PyObject* offset_x, PyObject* offset_y,
                              PyObject* scale) {
   if (!has_children()) return;
-  host::RecursionGuard guard;
   for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
     draw_visible(child, screen, offset_x, offset_y, scale);
   }
@@ -91,7 +90,6 @@ void GameNode::drawToSurface_children(PyObject* surface, PyObject* offset_x, PyO
 
 void GameNode::update(PyObject* delay) {
   if (has_children()) {
-    host::RecursionGuard guard;
     for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
       message::update(child, delay);
     }

@@ -51,7 +51,6 @@ bool GameNode::drawn_rect_contains(PyObject* px, PyObject* py) {
 
 Ref GameNode::offer_to_children(const host::Message& handler, PyObject* px, PyObject* py) {
   if (!has_children()) return host::none();
-  host::RecursionGuard guard;
   for (host::ListWalk walk(*this, children, host::ListWalk::Direction::kReverse);
        PyObject* child = walk.next();) {
     Ref taker = handler(child, px, py);

@@ -40,7 +40,6 @@ bool is_real(const Slot& slot) {
 Number parent_value(GameNode& node, const host::Message& query, double otherwise) {
   Ref owner = node.read(node.parent);
   if (!host::is_set(owner)) return otherwise;
-  host::RecursionGuard guard;
   return Number(query(owner).get());
 }
 
@@ -175,7 +174,6 @@ Ref GameNode::GetSizeRect() {
 Ref GameNode::extreme_edge(const host::Message& edge, Number own, bool larger) {
   Ref result = own.object();
   if (!has_children()) return result;
-  host::RecursionGuard guard;
   for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
     Ref value = edge(child);
     Number candidate(value.get());

@@ -5,7 +5,7 @@
 #include "engine/host/dispatch.hpp"
 #include "engine/host/functions.hpp"
 #include "engine/host/modules.hpp"
-#include "engine/resources/paths.hpp"
+#include "engine/host/paths.hpp"
 
 namespace tessora {
 
@@ -73,7 +73,7 @@ bool declares_entities(const Ref& data) {
 }
 
 Ref read_file(PyObject* path) {
-  Ref file = host::call(builtins["open"_name], openable_path(path), host::text("rb"));
+  Ref file = host::call(builtins["open"_name], host::openable_path(path), host::text("rb"));
   Ref data = host::call_method(file, "read"_name);
   host::call_method(file, "close"_name);
   return data;

@@ -113,7 +113,6 @@ void GameNode::RemoveChild(PyObject* child) {
 
 void GameNode::RemoveAllChildren() {
   if (has_children()) {
-    host::RecursionGuard guard;
     for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
       message::RemoveAllChildren(child);
     }
@@ -124,7 +123,6 @@ void GameNode::RemoveAllChildren() {
 Ref GameNode::GetAllChildrens() {
   Ref all = host::list();
   if (!has_children()) return all;
-  host::RecursionGuard guard;
   for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
     Ref below = message::GetAllChildrens(child);
     host::check(PyList_SetSlice(all.get(), PyList_GET_SIZE(all.get()), PyList_GET_SIZE(all.get()),
@@ -176,7 +174,6 @@ void GameNode::SetParent(PyObject* p) {
 void GameNode::OnLoad(PyObject* scene) {
   write(sceneInstance, scene);
   if (has_children()) {
-    host::RecursionGuard guard;
     for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
       message::OnLoad(child, scene);
     }
@@ -188,7 +185,6 @@ void GameNode::OnLoad(PyObject* scene) {
 void GameNode::OnDestroy() {
   raise_inner_event("Destroy"_name);
   if (has_children()) {
-    host::RecursionGuard guard;
     for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
       message::OnDestroy(child);
     }
@@ -354,7 +350,7 @@ void register_scene_node(PyObject* module) {
       .attribute("anchorx", &GameNode::anchorx, "anchor as a fraction of the width")
       .attribute("anchory", &GameNode::anchory, "anchor as a fraction of the height")
       .attribute("instanceID", &GameNode::instanceID, "number in the layer, -1 for none")
-      .attribute("visible", &GameNode::visible, "whether the subtree is drawn and hit")
+      .attribute("visible", &GameNode::visible, "whether the subtree is drawn and can be hit")
       .attribute("ActionPlayer", &GameNode::ActionPlayer, "player of the node's actions, or none")
       .attribute("rectvisible", &GameNode::rectvisible, "draw the size rectangle")
       .attribute("anchorvisible", &GameNode::anchorvisible, "draw the anchor marker")
@@ -366,15 +362,16 @@ void register_scene_node(PyObject* module) {
       .attribute("WY", &GameNode::WY, "cached top edge on the screen, pixels")
       .attribute("clicked", &GameNode::clicked, "pressed at the moment")
       .attribute("CheckPickDownChild", &GameNode::CheckPickDownChild,
-                 "false: the node answers for a child that takes a press or release")
+                 "whether a press or release that a child takes is answered with the child; if false, with the "
+                 "node itself")
       .attribute("collisionType", &GameNode::collisionType, "kind of collision shape, -1 for none")
       .attribute("collisionInfo", &GameNode::collisionInfo, "data of the collision shape")
       .attribute("editrectenable", &GameNode::editrectenable, "edit rectangle can be dragged")
       .attribute("editrectvisible", &GameNode::editrectvisible, "edit rectangle is drawn")
       .attribute("dragcornerindex", &GameNode::dragcornerindex,
                  "handle being dragged, negative for none")
-      .attribute("dragbegin_x", &GameNode::dragbegin_x, "where a drag began, pixels")
-      .attribute("dragbegin_y", &GameNode::dragbegin_y, "where a drag began, pixels")
+      .attribute("dragbegin_x", &GameNode::dragbegin_x, "x of the pointer where a drag began, pixels")
+      .attribute("dragbegin_y", &GameNode::dragbegin_y, "y of the pointer where a drag began, pixels")
       .attribute("focusIn", &GameNode::focusIn, "has the keyboard focus")
       .attribute("userData", &GameNode::userData, "free for scripts");
   builder.constructor<&GameNode::construct>(

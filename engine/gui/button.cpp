@@ -136,8 +136,8 @@ void register_button(PyObject* module) {
       .attribute("textColor_hover", &GUI_Button::textColor_hover, "text colour, pointer inside")
       .attribute("bgColor_hover", &GUI_Button::bgColor_hover, "background, pointer inside")
       .attribute("image_hover", &GUI_Button::image_hover, "picture, pointer inside, or none")
-      .attribute("image_hover_File", &GUI_Button::image_hover_File, "file of `image_hover`")
-      .attribute("image_click_File", &GUI_Button::image_click_File, "file of `image_click`")
+      .attribute("image_hover_File", &GUI_Button::image_hover_File, "file name of the hovered state's picture, or none")
+      .attribute("image_click_File", &GUI_Button::image_click_File, "file name of the pressed state's picture, or none")
       .attribute("textColor_click", &GUI_Button::textColor_click, "text colour while pressed")
       .attribute("bgColor_click", &GUI_Button::bgColor_click, "background while pressed")
       .attribute("image_click", &GUI_Button::image_click, "picture while pressed, or none");
@@ -146,9 +146,9 @@ void register_button(PyObject* module) {
        {"fontsize", 16}},
       "A label that reacts to the mouse: normal, hovered and pressed.\n\nAssign "
       "`PickDownFunction` or `PickUpFunction` to learn of presses and releases.");
-  const char* load = "Load a picture for this state through `Res` and record its file.";
   builder.accessors<&GUI_Button::clicked>("IsClicked", nullptr, "flag")
-      .method<&GUI_Button::SetImage_Hover>("SetImage_Hover", {"imagefile"}, load)
+      .method<&GUI_Button::SetImage_Hover>("SetImage_Hover", {"imagefile"},
+          "Load the picture of the hovered state through `Res` and record its file.")
       .accessors<&GUI_Button::image_hover>("GetImage_Hover", nullptr, "image")
       .accessors<&GUI_Button::image_hover_File>("GetImageFile_Hover", nullptr, "file")
       .method<&GUI_Button::SetBGColor_Hover>("SetBGColor_Hover", {"r", "g", "b"},
@@ -157,7 +157,8 @@ void register_button(PyObject* module) {
       .method<&GUI_Button::SetTextColor_Hover>("SetTextColor_Hover", {"r", "g", "b"},
                                                "Set the opaque text colour of the hovered state.")
       .accessors<&GUI_Button::textColor_hover>("GetTextColor_Hover", nullptr, "color")
-      .method<&GUI_Button::SetImage_Click>("SetImage_Click", {"imagefile"}, load)
+      .method<&GUI_Button::SetImage_Click>("SetImage_Click", {"imagefile"},
+          "Load the picture of the pressed state through `Res` and record its file.")
       .accessors<&GUI_Button::image_click>("GetImage_Click", nullptr, "image")
       .accessors<&GUI_Button::image_click_File>("GetImageFile_Click", nullptr, "file")
       .method<&GUI_Button::SetBGColor_Click>("SetBGColor_Click", {"r", "g", "b"},

@@ -153,7 +153,7 @@ void register_label(PyObject* module) {
       .attribute("textleftgap", &GUI_Label::textleftgap, "distance from the left edge, pixels")
       .attribute("texttopgap", &GUI_Label::texttopgap, "distance from the top edge, pixels")
       .attribute("textVisible", &GUI_Label::textVisible, "whether the text is drawn")
-      .attribute("showChar", &GUI_Label::showChar, "character shown for every other, or none");
+      .attribute("showChar", &GUI_Label::showChar, "character shown in place of each one, or none");
   builder.constructor<&GUI_Label::construct>(
       {{"parent", nullptr}, {"x", 0}, {"y", 0}, {"text", ""}, {"fontname", "Arial"},
        {"fontsize", 16}},

@@ -277,7 +277,9 @@ void ClassBuilderBase::finish(PyObject* module, std::string doc) {
   add_slot(Py_tp_members, tables_->members.data());
   add_slot(Py_tp_methods, tables_->methods.data());
   add_slot(Py_tp_getset, tables_->properties.data());
-  add_slot(Py_tp_doc, const_cast<char*>(keep(std::move(doc))));
+  [[maybe_unused]] const std::size_t doc_size = doc.size() + 1;
+  const char* doc_text = keep(std::move(doc));
+  add_slot(Py_tp_doc, const_cast<char*>(doc_text));
   slots_.push_back({0, nullptr});
   PyType_Spec spec = {keep(std::string("Tessora.") + name_), static_cast<int>(size_), 0,
                       Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_HAVE_GC, slots_.data()};
@@ -293,6 +295,12 @@ void ClassBuilderBase::finish(PyObject* module, std::string doc) {
     type->tp_weaklistoffset = static_cast<Py_ssize_t>(sizeof(PyObject) + sizeof(PyObject*));
     PyType_Modified(type);
   }
+  // This host keeps the text without the signature in front.
+  auto* kept = static_cast<char*>(PyObject_Malloc(doc_size));
+  if (kept == nullptr) throw std::bad_alloc();
+  std::memcpy(kept, doc_text, doc_size);
+  PyObject_Free(const_cast<char*>(type->tp_doc));
+  type->tp_doc = kept;
 #endif
   info_.type = type;
   engine_classes[type] = &info_;

@@ -21,20 +21,16 @@ constexpr std::ptrdiff_t kStackLimit = 900 * 1024;
 #else
 constexpr std::ptrdiff_t kStackLimit = 4 * 1024 * 1024;
 #endif
-constexpr int kStackCheckInterval = 32;
-int recursion_depth = 0;
 const char* stack_base = nullptr;
 PyThreadState* stack_owner = nullptr;
 
-bool stack_is_used_up() noexcept {
+bool stack_is_used_up(bool outermost) noexcept {
   char here = 0;
-  if (recursion_depth == 0) {
+  if (outermost) {
     stack_base = &here;
     stack_owner = PyThreadState_Get();
   }
-  if (recursion_depth % kStackCheckInterval != 0 || stack_owner != PyThreadState_Get()) {
-    return false;
-  }
+  if (stack_owner != PyThreadState_Get()) return false;
   std::ptrdiff_t used = stack_base - &here;
   return used > kStackLimit || -used > kStackLimit;
 }
@@ -69,6 +65,7 @@ const Method* Message::resolve(TypeEntry& entry) const {
 }
 
 Ref Message::send(const Method& method, PyObject* receiver, PyObject** args, std::size_t count) {
+  RecursionGuard guard;
   auto& object = *static_cast<Object*>(receiver);
   if (count == method.arity()) return method.native(object, args);
   std::array<PyObject*, 16> bound{};
@@ -123,17 +120,11 @@ TypeEntry& load_type_entry(PyTypeObject* type) {
   return entry;
 }
 
-RecursionGuard::RecursionGuard() {
-  if (stack_is_used_up()) {
-    raise(PyExc_RecursionError, "maximum recursion depth exceeded in a tree of nodes");
-  }
-  if (Py_EnterRecursiveCall(" in a tree of nodes") != 0) throw HostError();
-  ++recursion_depth;
-}
-
-RecursionGuard::~RecursionGuard() {
-  --recursion_depth;
-  Py_LeaveRecursiveCall();
+void RecursionGuard::check_depth() {
+  if (depth == 1) limit = Py_GetRecursionLimit();
+  if (depth <= limit && !stack_is_used_up(depth == 1)) return;
+  --depth;
+  raise(PyExc_RecursionError, "maximum recursion depth exceeded in a tree of nodes");
 }
 
 }  // namespace tessora::host

@@ -142,13 +142,22 @@ class MessageSet {
   std::uint32_t bit_;
 };
 
-// Guards native recursion over a tree: too deep is the host's RecursionError.
+// Counts the engine's own calls of each other: too deep is the host's RecursionError, long before
+// the machine's stack is used up.
 class RecursionGuard {
  public:
-  RecursionGuard();
-  ~RecursionGuard();
+  RecursionGuard() {
+    if (++depth > limit || depth % kStackCheckInterval == 1) check_depth();
+  }
+  ~RecursionGuard() { --depth; }
   RecursionGuard(const RecursionGuard&) = delete;
   RecursionGuard& operator=(const RecursionGuard&) = delete;
+
+ private:
+  static constexpr int kStackCheckInterval = 32;
+  static void check_depth();
+  static inline int depth = 0;
+  static inline int limit = 0;
 };
 
 }  // namespace tessora::host

@@ -1,6 +1,6 @@
 // Finds the numbered files of an image sequence.
 #include "engine/host/modules.hpp"
-#include "engine/resources/paths.hpp"
+#include "engine/host/paths.hpp"
 #include "engine/resources/resource_manager.hpp"
 
 namespace tessora {
@@ -57,7 +57,7 @@ Ref ResourceManager::GetImageListFiles(PyObject* name) {
   if (!prefix) return host::list(path);
   Ref pattern = host::take(PyUnicode_Concat(prefix.get(), "*.png"_name));
   host::print_line(pattern);
-  return host::call(host::modules::glob["glob"_name], openable_path(pattern.get()));
+  return host::call(host::modules::glob["glob"_name], host::openable_path(pattern.get()));
 }
 
 void declare_image_sequences(ResourceBuilder& builder) {

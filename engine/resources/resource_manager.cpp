@@ -5,7 +5,7 @@
 #include "engine/host/caught.hpp"
 #include "engine/host/iterate.hpp"
 #include "engine/host/modules.hpp"
-#include "engine/resources/paths.hpp"
+#include "engine/host/paths.hpp"
 
 namespace tessora {
 
@@ -37,11 +37,11 @@ Ref path_function(PyObject* name) {
 }
 
 bool exists(PyObject* path) {
-  return host::equals_true(host::call(path_function("exists"_name), openable_path(path)));
+  return host::equals_true(host::call(path_function("exists"_name), host::openable_path(path)));
 }
 
 bool is_folder(PyObject* path) {
-  return host::is_true(host::call(path_function("isdir"_name), openable_path(path)));
+  return host::is_true(host::call(path_function("isdir"_name), host::openable_path(path)));
 }
 
 bool is_hidden(PyObject* name) {
@@ -54,7 +54,7 @@ Ref part(const Ref& parts, int index) {
 
 Ref load_image(PyObject* path) {
   Ref load = host::get_attr(host::modules::pygame["image"_name], "load"_name);
-  return host::call_method(host::call(load, openable_path(path)), "convert_alpha"_name);
+  return host::call_method(host::call(load, host::openable_path(path)), "convert_alpha"_name);
 }
 
 }  // namespace
@@ -77,7 +77,7 @@ void ResourceManager::construct(PyObject* directory) {
 void ResourceManager::FoundAllResFile(PyObject* directory, PyObject* type) {
   host::RecursionGuard guard;
   if (!exists(directory)) return;
-  Ref names = host::call(host::modules::os["listdir"_name], openable_path(directory));
+  Ref names = host::call(host::modules::os["listdir"_name], host::openable_path(directory));
   // Set by a folder, the type stays as it is for the entries that follow.
   Ref type_now = Ref::share(type);
   host::for_each(names.get(), [&](const Ref& name) {
@@ -102,7 +102,7 @@ void ResourceManager::add_file(PyObject* directory, PyObject* name, PyObject* pa
 }
 
 void ResourceManager::AddNewResFile(PyObject* path) {
-  Ref name = part(host::call(path_function("split"_name), openable_path(path)), -1);
+  Ref name = part(host::call(path_function("split"_name), host::openable_path(path)), -1);
   host::set_item(read(fileDict).get(), lower(name.get()).get(), path);
 }
 

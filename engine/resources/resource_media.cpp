@@ -1,6 +1,6 @@
 // Music, sounds and fonts by file name.
 #include "engine/host/modules.hpp"
-#include "engine/resources/paths.hpp"
+#include "engine/host/paths.hpp"
 #include "engine/resources/resource_manager.hpp"
 
 namespace tessora {
@@ -24,7 +24,7 @@ Ref music_function(PyObject* name) {
 void ResourceManager::PlayMusic(PyObject* name, PyObject* loops) {
   Ref path = message::GetResPath(this, name);
   if (!host::is_set(path)) return;
-  host::call(music_function("load"_name), openable_path(path.get()));
+  host::call(music_function("load"_name), host::openable_path(path.get()));
   host::call(music_function("play"_name), loops, host::integer(0));
 }
 
@@ -35,7 +35,7 @@ void ResourceManager::StopMusic() {
 Ref ResourceManager::PlaySound(PyObject* name) {
   Ref path = message::GetResPath(this, name);
   if (!host::is_set(path)) return host::integer(-1);
-  Ref sound = host::call(mixer_attribute("Sound"_name), openable_path(path.get()));
+  Ref sound = host::call(mixer_attribute("Sound"_name), host::openable_path(path.get()));
   host::set_item(read(soundDict).get(), read(soundPlayCount).get(), sound.get());
   host::call_method(sound, "play"_name);
   write(soundPlayCount, number(soundPlayCount) + Number(1));
@@ -52,7 +52,7 @@ Ref ResourceManager::GetFont(PyObject* name, PyObject* size, PyObject* bold, PyO
   Ref path = message::GetResPath(this, name);
   if (!host::is_set(path)) return host::none();
   Ref make = host::get_attr(host::modules::pygame["font"_name], "Font"_name);
-  Ref font = host::call(make, openable_path(path.get()), size);
+  Ref font = host::call(make, host::openable_path(path.get()), size);
   if (host::equals_true(bold)) host::call_method(font, "set_bold"_name, Py_True);
   if (host::equals_true(italic)) host::call_method(font, "set_italic"_name, Py_True);
   return font;

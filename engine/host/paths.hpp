@@ -3,10 +3,10 @@
 
 #include "engine/host/ref.hpp"
 
-namespace tessora {
+namespace tessora::host {
 
 // Resource paths are kept with backslashes. On a system with another separator they get that one
 // just before the file is opened. What is no text stays as it is.
-host::Ref openable_path(PyObject* path);
+Ref openable_path(PyObject* path);
 
-}  // namespace tessora
+}  // namespace tessora::host

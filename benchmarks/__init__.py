@@ -1,0 +1,1 @@
+"""How fast the engine is: each figure against a baseline measured in the same run."""

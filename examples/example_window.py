@@ -1,0 +1,80 @@
+"""The window and the frame loop that the short examples share.
+
+Without a display, or with TESSORA_HEADLESS=1, `run` plays a script of events for a few seconds and
+saves what is drawn then.
+"""
+
+import os
+import sys
+
+import pygame
+import Tessora
+
+SIZE = WIDTH, HEIGHT = 640, 400
+BACKGROUND = (36, 26, 72)
+ASSETS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "star_catcher", "assets")
+FONT = pygame.font.get_default_font()
+HEADLESS_SECONDS = 2.5
+DELAY = 1 / 60
+
+
+class Scene:
+    def GetSceneSize(self):
+        return SIZE
+
+
+def is_headless():
+    asked = os.environ.get("TESSORA_HEADLESS") == "1"
+    display = os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY")
+    return asked or (sys.platform.startswith("linux") and not display)
+
+
+def pointer_event(kind, pos):
+    if kind == pygame.MOUSEMOTION:
+        return pygame.event.Event(kind, pos=pos, rel=(0, 0), buttons=(0, 0, 0))
+    return pygame.event.Event(kind, pos=pos, button=1)
+
+
+def handle(layer, event):
+    if event.type == pygame.MOUSEBUTTONDOWN:
+        layer.OnPickDownFunction(*event.pos)
+    elif event.type == pygame.MOUSEBUTTONUP:
+        layer.OnPickUpFunction(*event.pos)
+    elif event.type == pygame.KEYDOWN:
+        layer.OnKeyDownFunction(event.key)
+    return event.type != pygame.QUIT
+
+
+def run(name, build, script=()):
+    """`build(layer)` fills the layer; `script` holds (seconds, kind of event, position)."""
+    headless = is_headless()
+    if headless:
+        os.environ["SDL_VIDEODRIVER"] = os.environ["SDL_AUDIODRIVER"] = "dummy"
+    pygame.init()
+    pygame.display.set_caption(name)
+    screen = pygame.display.set_mode(SIZE)
+    Tessora.Res = Tessora.PyGameResManager(ASSETS)
+    Tessora.Res.AddNewResFile(os.path.join(os.path.dirname(pygame.__file__), FONT))
+    layer = Tessora.GameLayer()
+    layer.OnLoad(Scene())
+    build(layer)
+
+    clock, played, running, waiting = pygame.time.Clock(), 0.0, True, list(script)
+    while running:
+        delay = DELAY if headless else clock.tick(60) / 1000
+        while headless and waiting and waiting[0][0] <= played:
+            _, kind, pos = waiting.pop(0)
+            pygame.mouse.get_pos = lambda pos=pos: pos
+            pygame.event.post(pointer_event(kind, pos))
+        for event in pygame.event.get():
+            running = handle(layer, event) and running
+        layer.update(delay)
+        screen.fill(BACKGROUND)
+        layer.draw(screen)
+        pygame.display.flip()
+        played += delay
+        if headless and played >= HEADLESS_SECONDS:
+            pygame.image.save(screen, name + ".png")
+            print("wrote " + os.path.abspath(name + ".png"))
+            running = False
+    pygame.quit()
