@@ -243,9 +243,7 @@ def benchmarks():
             lambda scene=scene: sprites_in_scene(scene),
             SPRITES,
         )
-    yield Pair(
-        "chains 64 deep: flat", lambda: chains_against_flat(Tessora), SPRITES, at_most(1.5)
-    )
+    yield Pair("chains 64 deep: flat", lambda: chains_against_flat(Tessora), SPRITES, at_most(1.5))
     yield Pair("chains 64 deep, plain Python: flat", lambda: chains_against_flat(plain), SPRITES)
     yield Pair("drawing nodes: plain Python", nodes_against_plain, SPRITES)
     for name in ("plain size", "all four"):

@@ -20,9 +20,8 @@ def registered(library, count):
 
 
 def updates():
-    return [
-        lambda layer=registered(library, NODES): layer.update(DELAY) for library in (Tessora, plain)
-    ]
+    layers = [registered(library, NODES) for library in (Tessora, plain)]
+    return [lambda layer=layer: layer.update(DELAY) for layer in layers]
 
 
 def children(library, count):
@@ -33,9 +32,8 @@ def children(library, count):
 
 
 def child_updates():
-    return [
-        lambda root=children(library, NODES): root.update(DELAY) for library in (Tessora, plain)
-    ]
+    roots = [children(library, NODES) for library in (Tessora, plain)]
+    return [lambda root=root: root.update(DELAY) for root in roots]
 
 
 def presses():

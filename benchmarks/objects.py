@@ -67,8 +67,6 @@ def import_times(effort):
 
 
 def benchmarks():
-    yield Pair(
-        "creating and dropping GUI_Image: plain Python", creations, CREATED, times_faster(3)
-    )
+    yield Pair("creating and dropping GUI_Image: plain Python", creations, CREATED, times_faster(3))
     yield Figure("memory of a GUI_Image: plain Python", memory, limit(3000, "3000 B"), "B")
     yield Figure("import Tessora: import pygame", import_times, limit(0.015, "15 ms"))

@@ -1,10 +1,10 @@
 #include "engine/render/picture_cache.hpp"
 
+#include <algorithm>
 #include <bit>
-#include <list>
-#include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "engine/render/source_state.hpp"
 
@@ -12,33 +12,35 @@ namespace tessora::render {
 
 namespace {
 
-struct Source;
+constexpr int kOpaque = 255;
 
-struct Entry {
-  Source* source;
+struct Kept {
   PictureSpec spec;
   Ref surface;
   int width;
   int height;
-  std::size_t bytes;
+  std::uint64_t last_drawn;
+  [[nodiscard]] std::size_t bytes() const {
+    constexpr std::size_t kPixelBytes = 4;
+    return kPixelBytes * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+  }
 };
 
-using Entries = std::list<Entry>;  // the most recently drawn first
-
+// A surface that pictures are made of, while it lives.
 struct Source {
-  PyObject* surface = nullptr;  // not owned: `weak` tells whether it still lives
-  Ref weak;
+  PyObject* surface = nullptr;  // not owned
+  Ref death_watch;              // weak reference that ends this record
   const PyObject* root = nullptr;
   SurfaceState state;
-  PixelCopy copy;
+  Fingerprint print{};
   bool alpha_format = false;
   bool comparable = false;
-  std::uint64_t verified_state = 0;   // ticks of the script clock
+  std::uint64_t verified_state = 0;  // ticks of the script clock
   std::uint64_t verified_pixels = 0;
-  std::vector<Entries::iterator> pictures;
+  std::vector<Kept> pictures;
 };
 
-std::uint64_t fingerprint(const Source& source, const PictureSpec& spec) {
+std::uint64_t mark_of(const Source& source, const PictureSpec& spec) {
   std::uint64_t value = reinterpret_cast<std::uintptr_t>(source.surface);
   auto mix = [&](std::uint64_t part) {
     value = (value ^ part) * 0x9E3779B97F4A7C15ULL;
@@ -54,24 +56,22 @@ std::uint64_t fingerprint(const Source& source, const PictureSpec& spec) {
 class PictureCache {
  public:
   std::optional<Picture> find(PyObject* surface, const PictureSpec& spec, PyObject* screen);
+  void forget(PyObject* death_watch);
 
  private:
-  Source* source_of(PyObject* surface);
+  Source& source_of(PyObject* surface);
   bool verify_state(Source& source);
   bool verify_pixels(Source& source);
   void drop_pictures(Source& source);
-  void drop(Entries::iterator entry);
-  void forget(Source& source);
-  void forget_all();
-  void sweep();
+  void make_room();
   bool is_wanted_again(const Source& source, const PictureSpec& spec);
   std::optional<Picture> make(Source& source, const PictureSpec& spec);
   const PyObject* screen_root(PyObject* screen);
 
-  Entries entries_;
-  std::unordered_map<PyObject*, std::unique_ptr<Source>> sources_;
+  std::unordered_map<PyObject*, Source> sources_;
+  std::unordered_map<PyObject*, PyObject*> watched_;  // death watch to surface
   std::size_t bytes_ = 0;
-  std::size_t sweep_at_ = 256;
+  std::uint64_t draws_ = 0;
   std::uint64_t environment_ = 0;
   std::uint64_t screen_tick_ = 0;
   PyObject* screen_ = nullptr;
@@ -81,26 +81,50 @@ class PictureCache {
   std::unordered_set<std::uint64_t> asked_before_;
 };
 
+PictureCache& the_cache() {
+  // Never destroyed: the interpreter is gone when static objects are.
+  static auto* const cache = new PictureCache;
+  return *cache;
+}
+
+PyObject* surface_died(PyObject*, PyObject* death_watch) {
+  return host::guarded<PyObject*>(nullptr, [&] {
+    the_cache().forget(death_watch);
+    return host::none().release();
+  });
+}
+
+Ref watch(PyObject* surface) {
+  static PyMethodDef definition = {"surface_died", &surface_died, METH_O, nullptr};
+  static PyObject* const callback = host::take(PyCFunction_New(&definition, nullptr)).release();
+  return host::take(PyWeakref_NewRef(surface, callback));
+}
+
 bool is_identity(const Source& source, const PictureSpec& spec) {
   constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-  constexpr int kOpaque = 255;
   return source.alpha_format && spec.angle == 0.0 && spec.alpha == kOpaque &&
          spec.width == source.state.width && spec.height == source.state.height &&
          (!spec.tinted || (spec.color == kWhite && white_is_identity()));
 }
 
-Source* PictureCache::source_of(PyObject* surface) {
+Source& PictureCache::source_of(PyObject* surface) {
   auto found = sources_.find(surface);
-  if (found != sources_.end()) {
-    if (PyWeakref_GET_OBJECT(found->second->weak.get()) == surface) return found->second.get();
-    // Another surface lived at this address.
-    forget(*found->second);
-  }
-  if (sources_.size() >= sweep_at_) sweep();
-  auto source = std::make_unique<Source>();
-  source->surface = surface;
-  source->weak = host::take(PyWeakref_NewRef(surface, nullptr));
-  return (sources_[surface] = std::move(source)).get();
+  if (found != sources_.end()) return found->second;
+  Ref death_watch = watch(surface);
+  watched_[death_watch.get()] = surface;
+  Source& source = sources_[surface];
+  source.surface = surface;
+  source.death_watch = death_watch;
+  return source;
+}
+
+void PictureCache::forget(PyObject* death_watch) {
+  auto watched = watched_.find(death_watch);
+  if (watched == watched_.end()) return;
+  auto found = sources_.find(watched->second);
+  drop_pictures(found->second);
+  sources_.erase(found);
+  watched_.erase(watched);
 }
 
 bool PictureCache::verify_state(Source& source) {
@@ -119,7 +143,7 @@ bool PictureCache::verify_state(Source& source) {
   source.root = root_surface(source.surface);
   // A blit of a shared picture reads memory that another surface may be writing.
   source.alpha_format = source.root == source.surface && now->key == 0 &&
-                        (now->alpha == -1 || now->alpha == 255) && has_alpha_format(*now);
+                        (now->alpha == -1 || now->alpha == kOpaque) && has_alpha_format(source.surface, *now);
   return true;
 }
 
@@ -130,50 +154,40 @@ bool PictureCache::verify_pixels(Source& source) {
     drop_pictures(source);
     return false;
   }
-  std::size_t before = source.copy.bytes();
-  bool same = source.copy.matches(*pixels);
-  bytes_ += source.copy.bytes() - before;
+  Fingerprint print = fingerprint(*pixels);
   source.verified_pixels = host::clocks.script;
-  if (!same) drop_pictures(source);
+  if (print == source.print) return true;
+  drop_pictures(source);
+  source.print = print;
   return true;
 }
 
-void PictureCache::drop(Entries::iterator entry) {
-  bytes_ -= entry->bytes;
-  std::erase(entry->source->pictures, entry);
-  entries_.erase(entry);
-}
-
 void PictureCache::drop_pictures(Source& source) {
-  while (!source.pictures.empty()) drop(source.pictures.back());
+  for (const Kept& kept : source.pictures) bytes_ -= kept.bytes();
+  source.pictures.clear();
 }
 
-void PictureCache::forget(Source& source) {
-  drop_pictures(source);
-  bytes_ -= source.copy.bytes();
-  sources_.erase(source.surface);
-}
-
-void PictureCache::forget_all() {
-  entries_.clear();
-  sources_.clear();
-  bytes_ = 0;
-  screen_ = nullptr;
-}
-
-// Forgets surfaces that no longer live.
-void PictureCache::sweep() {
-  std::vector<Source*> gone;
-  for (auto& [surface, source] : sources_) {
-    if (PyWeakref_GET_OBJECT(source->weak.get()) != surface) gone.push_back(source.get());
+// Makes a quarter of the room at once, so that a full cache is not searched for every picture.
+void PictureCache::make_room() {
+  std::vector<std::uint64_t> ages;
+  for (const auto& [surface, source] : sources_) {
+    for (const Kept& kept : source.pictures) ages.push_back(kept.last_drawn);
   }
-  for (Source* source : gone) forget(*source);
-  sweep_at_ = std::max<std::size_t>(256, sources_.size() * 2);
+  auto quarter = ages.begin() + static_cast<std::ptrdiff_t>(ages.size() / 4);
+  std::nth_element(ages.begin(), quarter, ages.end());
+  const std::uint64_t oldest_to_stay = *quarter;
+  for (auto& [surface, source] : sources_) {
+    std::erase_if(source.pictures, [&](const Kept& kept) {
+      bool goes = kept.last_drawn <= oldest_to_stay;
+      if (goes) bytes_ -= kept.bytes();
+      return goes;
+    });
+  }
 }
 
 bool PictureCache::is_wanted_again(const Source& source, const PictureSpec& spec) {
   constexpr std::size_t kGeneration = 16384;
-  std::uint64_t mark = fingerprint(source, spec);
+  std::uint64_t mark = mark_of(source, spec);
   if (asked_.count(mark) != 0 || asked_before_.count(mark) != 0) return true;
   if (asked_.size() >= kGeneration) {
     asked_before_.swap(asked_);
@@ -194,9 +208,9 @@ const PyObject* PictureCache::screen_root(PyObject* screen) {
 
 std::optional<Picture> PictureCache::make(Source& source, const PictureSpec& spec) {
   if (!is_wanted_again(source, spec) || !verify_pixels(source)) return std::nullopt;
-  Ref image = Ref::share(source.surface);
   const std::uint64_t before = host::clocks.script;
-  if (spec.alpha != 255) image = faded(image.get(), host::integer(spec.alpha).get());
+  Ref image = Ref::share(source.surface);
+  if (spec.alpha != kOpaque) image = faded(image.get(), host::integer(spec.alpha).get());
   Ref color = host::none();
   if (spec.tinted) {
     color = host::tuple(host::integer(spec.color >> 24U), host::integer(spec.color >> 16U & 255U),
@@ -209,17 +223,9 @@ std::optional<Picture> PictureCache::make(Source& source, const PictureSpec& spe
   if (!is_plain_surface(picture.get())) return std::nullopt;
   std::optional<SurfaceState> made = read_state(picture.get());
   if (!made) return std::nullopt;
-  constexpr std::size_t kPixelBytes = 4;
-  std::size_t bytes = kPixelBytes * static_cast<std::size_t>(made->width) *
-                      static_cast<std::size_t>(made->height);
-  entries_.push_front({&source, spec, picture, made->width, made->height, bytes});
-  source.pictures.push_back(entries_.begin());
-  bytes_ += bytes;
-  while (bytes_ > kPictureCacheBytes && entries_.size() > 1) {
-    Source* owner = entries_.back().source;
-    drop(std::prev(entries_.end()));
-    if (owner->pictures.empty() && owner != &source) forget(*owner);
-  }
+  if (bytes_ >= kPictureCacheBytes) make_room();
+  source.pictures.push_back({spec, picture, made->width, made->height, ++draws_});
+  bytes_ += source.pictures.back().bytes();
   return Picture{picture.get(), made->width, made->height};
 }
 
@@ -228,18 +234,23 @@ std::optional<Picture> PictureCache::find(PyObject* surface, const PictureSpec& 
   std::uint64_t number = environment();
   if (number == 0) return std::nullopt;
   if (number != environment_) {
-    forget_all();
+    for (auto& [each, source] : sources_) {
+      drop_pictures(source);
+      source.state = SurfaceState();
+      source.verified_state = 0;
+    }
+    screen_ = nullptr;
     environment_ = number;
   }
-  Source& source = *source_of(surface);
+  Source& source = source_of(surface);
   // What is drawn onto changes while it is drawn onto.
   if (!verify_state(source) || source.root == screen_root(screen)) return std::nullopt;
   if (is_identity(source, spec)) return Picture{surface, spec.width, spec.height};
   if (!source.pictures.empty()) verify_pixels(source);
-  for (Entries::iterator entry : source.pictures) {
-    if (!(entry->spec == spec)) continue;
-    entries_.splice(entries_.begin(), entries_, entry);
-    return Picture{entry->surface.get(), entry->width, entry->height};
+  for (Kept& kept : source.pictures) {
+    if (!(kept.spec == spec)) continue;
+    kept.last_drawn = ++draws_;
+    return Picture{kept.surface.get(), kept.width, kept.height};
   }
   return make(source, spec);
 }
@@ -248,9 +259,7 @@ std::optional<Picture> PictureCache::find(PyObject* surface, const PictureSpec& 
 
 std::optional<Picture> kept_picture(PyObject* source, const PictureSpec& spec, PyObject* screen) {
   if (spec.width <= 0 || spec.height <= 0) return std::nullopt;
-  // Never destroyed: the interpreter is gone when static objects are.
-  static auto* const cache = new PictureCache;
-  return cache->find(source, spec, screen);
+  return the_cache().find(source, spec, screen);
 }
 
 }  // namespace tessora::render

@@ -22,8 +22,7 @@ struct Picture {
   int height;
 };
 
-// At most this many bytes are held: finished pictures and the copies of the sources' pixels that
-// tell whether a script has painted. The least recently drawn go first.
+// At most this many bytes of finished pictures are held. The least recently drawn go first.
 inline constexpr std::size_t kPictureCacheBytes = std::size_t{256} << 20U;
 
 // The finished picture for a source drawn onto `screen`, pixel by pixel what faded() and finished()

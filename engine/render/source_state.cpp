@@ -1,7 +1,5 @@
 #include "engine/render/source_state.hpp"
 
-#include <cstring>
-
 namespace tessora::render {
 
 using namespace host::literals;
@@ -48,15 +46,15 @@ const unsigned char* pixel_address(PyObject* surface) {
 
 bool SurfaceState::same_as(const SurfaceState& other) const {
   return width == other.width && height == other.height && flags == other.flags &&
-         alpha == other.alpha && key == other.key && masks && other.masks &&
-         host::check(PyObject_RichCompareBool(masks.get(), other.masks.get(), Py_EQ)) != 0;
+         alpha == other.alpha && key == other.key && shifts && other.shifts &&
+         host::check(PyObject_RichCompareBool(shifts.get(), other.shifts.get(), Py_EQ)) != 0;
 }
 
 std::optional<SurfaceState> read_state(PyObject* surface) {
   static PyObject* const get_flags = surface_method("get_flags"_name);
   static PyObject* const get_alpha = surface_method("get_alpha"_name);
   static PyObject* const get_size = surface_method("get_size"_name);
-  static PyObject* const get_masks = surface_method("get_masks"_name);
+  static PyObject* const get_shifts = surface_method("get_shifts"_name);
   static PyObject* const get_colorkey = surface_method("get_colorkey"_name);
   SurfaceState state;
   state.flags = as_long(host::call_library(get_flags, surface).get());
@@ -70,7 +68,7 @@ std::optional<SurfaceState> read_state(PyObject* surface) {
     Ref key = host::call_library(get_colorkey, surface);
     if (PyTuple_CheckExact(key.get())) state.key = pack(key);
   }
-  state.masks = host::call_library(get_masks, surface);
+  state.shifts = host::call_library(get_shifts, surface);
   return state;
 }
 
@@ -168,17 +166,15 @@ bool multiplying_by_white_keeps(bool column) {
   std::optional<Pixels> left = pixels_of(picture);
   std::optional<Pixels> right = pixels_of(expected);
   if (!left || !right) return false;
-  PixelCopy copy;
-  copy.matches(*left);
-  return copy.matches(*right);
+  return fingerprint(*left) == fingerprint(*right);
 }
 
 }  // namespace
 
-bool has_alpha_format(const SurfaceState& state) {
+bool has_alpha_format(PyObject* surface, const SurfaceState& state) {
   return (state.flags & kSourceAlpha) != 0 &&
-         host::check(PyObject_RichCompareBool(
-             state.masks.get(), the_environment().alpha_masks.get(), Py_EQ)) != 0;
+         host::check(PyObject_RichCompareBool(masks_of(surface).get(),
+                                              the_environment().alpha_masks.get(), Py_EQ)) != 0;
 }
 
 std::uint64_t environment() {
@@ -191,33 +187,6 @@ bool white_is_identity() {
   static const bool identity =
       multiplying_by_white_keeps(true) && multiplying_by_white_keeps(false);
   return identity;
-}
-
-bool PixelCopy::matches(const Pixels& pixels) {
-  std::size_t row = pixels.row_bytes;
-  auto rows = static_cast<std::size_t>(pixels.rows);
-  bool same = copy_.size() == row * rows;
-  if (same && pixels.pitch == static_cast<std::ptrdiff_t>(row)) {
-    same = std::memcmp(copy_.data(), pixels.address, row * rows) == 0;
-  } else {
-    const unsigned char* from = pixels.address;
-    for (std::size_t index = 0; same && index < rows; ++index, from += pixels.pitch) {
-      same = std::memcmp(copy_.data() + index * row, from, row) == 0;
-    }
-  }
-  if (!same) take(pixels);
-  return same;
-}
-
-void PixelCopy::take(const Pixels& pixels) {
-  copy_.resize(pixels.row_bytes * static_cast<std::size_t>(pixels.rows));
-  const unsigned char* from = pixels.address;
-  unsigned char* to = copy_.data();
-  for (int index = 0; index < pixels.rows; ++index) {
-    std::memcpy(to, from, pixels.row_bytes);
-    from += pixels.pitch;
-    to += pixels.row_bytes;
-  }
 }
 
 }  // namespace tessora::render

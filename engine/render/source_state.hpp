@@ -1,8 +1,7 @@
 // Source surfaces: whether their pixels and state are still what they were.
 #pragma once
 
-#include <vector>
-
+#include "engine/render/fingerprint.hpp"
 #include "engine/render/surface.hpp"
 
 namespace tessora::render {
@@ -14,7 +13,7 @@ struct SurfaceState {
   long flags = 0;
   int alpha = 0;          // -1 when the surface has none
   std::uint64_t key = 0;  // the colour key, with a bit above the colour; 0 for none
-  Ref masks;              // of the colour channels
+  Ref shifts;             // of the colour channels: with the flags, they tell the pixel format
 
   [[nodiscard]] bool same_as(const SurfaceState& other) const;
 };
@@ -22,14 +21,7 @@ struct SurfaceState {
 // The state of a plain surface; nothing when its pixels are compressed.
 std::optional<SurfaceState> read_state(PyObject* surface);
 
-// The pixels in memory, valid until the next host call.
-struct Pixels {
-  const unsigned char* address;
-  std::size_t row_bytes;
-  std::ptrdiff_t pitch;
-  int rows;
-};
-
+// The pixels, valid until the next host call.
 // Nothing for surfaces with a palette, without pixels, or where pygame does not give the address.
 std::optional<Pixels> read_pixels(PyObject* surface, const SurfaceState& state);
 
@@ -37,7 +29,7 @@ std::optional<Pixels> read_pixels(PyObject* surface, const SurfaceState& state);
 PyObject* root_surface(PyObject* surface);
 
 // Whether the surface has exactly the format that convert_alpha() gives.
-bool has_alpha_format(const SurfaceState& state);
+bool has_alpha_format(PyObject* surface, const SurfaceState& state);
 
 // Bumps when kept pictures may no longer be what pygame would give: another display, or functions
 // of pygame's that a script has replaced. Zero while there is no display.
@@ -45,17 +37,5 @@ std::uint64_t environment();
 
 // Whether multiplying by white changes no pixel in the installed pygame.
 bool white_is_identity();
-
-// Pixels as they were when they were last compared.
-class PixelCopy {
- public:
-  // Whether the surface still holds the same pixels; takes a new copy if not.
-  bool matches(const Pixels& pixels);
-  [[nodiscard]] std::size_t bytes() const { return copy_.size(); }
-
- private:
-  void take(const Pixels& pixels);
-  std::vector<unsigned char> copy_;
-};
 
 }  // namespace tessora::render

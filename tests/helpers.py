@@ -1,0 +1,108 @@
+"""Tools that several test folders share."""
+
+import collections
+import gc
+import os
+import subprocess
+import sys
+
+import Tessora as T
+
+# One object of every shape that the engine has.
+MAKERS = {
+    "GameNode": lambda: T.GameNode(None, 1, 2),
+    "GameLayer": T.GameLayer,
+    "GAction": T.GAction,
+    "MoveToAction": lambda: T.MoveToAction(1, 2, 3),
+    "ActionPlayer": T.ActionPlayer,
+    "GUI_Image": lambda: T.GUI_Image(None, 1, 2),
+    "GUI_Label": T.GUI_Label,
+    "GUI_Button": lambda: T.GUI_Button(None, 1, 2, "text"),
+    "PyGameResManager": lambda: T.PyGameResManager("no such folder"),
+}
+
+
+# A game's scene: a size, and a record of the "on_" methods that were called.
+class Scene:
+    def __init__(self, size=(100, 50)):
+        self.size = size
+        self.calls = []
+
+    def GetSceneSize(self):
+        return self.size
+
+    def __getattr__(self, name):
+        if not name.startswith("on_"):
+            raise AttributeError(name)
+        return lambda **params: self.calls.append((name, params))
+
+
+# Stands in for any object: every method called on it is noted and returns `result`.
+class Recorder:
+    def __init__(self, result=None, **results):
+        self.calls, self.result, self.results = [], result, results
+
+    def __getattr__(self, name):
+        if name.startswith("_"):
+            raise AttributeError(name)
+
+        def method(*args, **params):
+            self.calls.append((name, args) if not params else (name, args, params))
+            return self.results.get(name, self.result)
+
+        return method
+
+    def names(self):
+        return [call[0] for call in self.calls]
+
+
+def make_node(parent=None, **values):
+    node = T.GameNode(parent)
+    for name, value in values.items():
+        setattr(node, name, value)
+    return node
+
+
+# Sets the action going on a node, which it returns.
+def started(action, node=None):
+    node = T.GameNode(None) if node is None else node
+    action.SetTarget(node)
+    action.Run()
+    return node
+
+
+# Runs a script in a fresh interpreter that finds the same modules.
+def run_script(source, *options, timeout=240):
+    env = dict(os.environ, PYTHONPATH=os.pathsep.join(entry for entry in sys.path if entry))
+    env.setdefault("SDL_VIDEODRIVER", "dummy")
+    env.setdefault("SDL_AUDIODRIVER", "dummy")
+    command = [sys.executable, *options, "-c", source]
+    return subprocess.run(command, env=env, capture_output=True, text=True, timeout=timeout)
+
+
+# Lines that a script printed; fails with its error text when it did not end well.
+def script_output(source, *options):
+    done = run_script(source, *options)
+    assert done.returncode == 0, f"exit code {done.returncode}\n{done.stdout}{done.stderr}"
+    return [line for line in done.stdout.splitlines() if "pygame" not in line]
+
+
+# Smallest rectangle around everything that is not the background.
+def ink(surface, background=(0, 0, 0)):
+    copy = surface.copy()
+    copy.set_alpha(None)
+    copy.set_colorkey(background)
+    return copy.get_bounding_rect()
+
+
+def engine_classes(module):
+    values = vars(module).values()
+    return [v for v in values if isinstance(v, type) and v.__module__ == module.__name__]
+
+
+# How many engine objects exist, by class name.
+def live_objects(module):
+    gc.collect()
+    gc.collect()
+    classes = tuple(engine_classes(module))
+    return collections.Counter(type(t).__name__ for t in gc.get_objects() if isinstance(t, classes))

@@ -1,0 +1,62 @@
+"""Small resource files for tests, and scripts run in a process of their own."""
+
+import os
+import plistlib
+import textwrap
+import wave
+
+import pygame
+from helpers import run_script
+
+
+def native(path):
+    return path.replace("\\", os.sep)
+
+
+def write_file(path, data=b""):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(data)
+    return path
+
+
+def write_png(path, surface=None):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    pygame.image.save(surface or pygame.Surface((4, 4), pygame.SRCALPHA), str(path))
+    return path
+
+
+def write_wav(path, seconds=20):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    with wave.open(str(path), "wb") as sound:
+        sound.setparams((1, 2, 11025, 0, "NONE", "not compressed"))
+        sound.writeframes(bytes(range(64)) * (seconds * 11025 * 2 // 64))
+    return path
+
+
+def write_plist(path, root):
+    return write_file(path, plistlib.dumps(root, sort_keys=False))
+
+
+def default_font_file():
+    """The TrueType file that pygame ships."""
+    return os.path.join(os.path.dirname(pygame.__file__), pygame.font.get_default_font())
+
+
+PRELUDE = """
+import os, sys
+import pygame
+pygame.init()
+screen = pygame.display.set_mode((320, 240))
+import Tessora as T
+"""
+
+
+def run_isolated(body, *args, timeout=90):
+    """Run a script with pygame and the engine started; returns what it printed.
+
+    A crash or a hang ends that process instead of the test run.
+    """
+    arguments = f"sys.argv[1:] = {[str(arg) for arg in args]!r}\n"
+    done = run_script(PRELUDE + arguments + textwrap.dedent(body), timeout=timeout)
+    assert done.returncode == 0, f"exit code {done.returncode}\n{done.stderr[-3000:]}"
+    return done.stdout
