@@ -1,4 +1,5 @@
 #include "engine/actions/concrete_actions.hpp"
+#include "engine/core/scene_node.hpp"
 
 namespace tessora {
 
@@ -11,7 +12,7 @@ void MoveAction::Run() {
 }
 
 void MoveAction::set_position(const Point& position) {
-  message::SetXY(read(targetNode), position.x.object(), position.y.object());
+  tessora::set_position(read(targetNode).get(), position.x, position.y);
 }
 
 void MoveToAction::construct(PyObject* seconds, PyObject* x, PyObject* y) {

@@ -1,4 +1,5 @@
 #include "engine/actions/concrete_actions.hpp"
+#include "engine/core/scene_node.hpp"
 
 namespace tessora {
 
@@ -11,7 +12,7 @@ void ScaleAction::Run() {
 }
 
 void ScaleAction::set_scale(const Point& scale) {
-  message::SetSXY(read(targetNode), scale.x.object(), scale.y.object());
+  tessora::set_scale(read(targetNode).get(), scale.x, scale.y);
 }
 
 void ScaleToAction::construct(PyObject* seconds, PyObject* sx, PyObject* sy) {

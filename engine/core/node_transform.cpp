@@ -94,17 +94,6 @@ const GameNode::World* GameNode::compute_world() {
   return &world_memo.values;
 }
 
-void GameNode::store_cached(Slot& slot, double value) {
-  PyObject* old = slot.object;
-  // The same number again keeps its object.
-  if (old != nullptr && PyFloat_CheckExact(old) && PyFloat_AS_DOUBLE(old) == value &&
-      std::signbit(PyFloat_AS_DOUBLE(old)) == std::signbit(value)) {
-    return;
-  }
-  slot.object = host::real(value).release();
-  Py_XDECREF(old);
-}
-
 Number GameNode::GetAXW() { return number(anchorx) * number(width); }
 Number GameNode::GetAYH() { return number(anchory) * number(height); }
 Number GameNode::GetPAXW() { return parent_value(*this, message::GetAXW, 0.0); }
@@ -208,11 +197,11 @@ void GameNode::draw_begin(PyObject* offset_x, PyObject* offset_y, PyObject* scal
   const World* known = world();
   if (known != nullptr && zoom.is_plain() && shift_x.is_plain() && shift_y.is_plain()) {
     double factor = zoom.plain();
-    store_cached(WSX, known->sx * factor);
-    store_cached(WSY, known->sy * factor);
-    store_cached(WAngle, known->angle);
-    store_cached(WX, known->x * factor + shift_x.plain());
-    store_cached(WY, known->y * factor + shift_y.plain());
+    write_derived(WSX, known->sx * factor);
+    write_derived(WSY, known->sy * factor);
+    write_derived(WAngle, known->angle);
+    write_derived(WX, known->x * factor + shift_x.plain());
+    write_derived(WY, known->y * factor + shift_y.plain());
     return;
   }
   write(WSX, ask(message::GetWSX, *this) * zoom);

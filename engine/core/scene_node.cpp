@@ -34,6 +34,30 @@ GameNode* game_node(PyObject* object) {
   return node;
 }
 
+namespace {
+
+// Sends a setter of two attributes, or writes them where it would do just that.
+template <auto First, auto Second>
+void set_pair(const host::Message& setter, PyObject* receiver, const Number& first,
+              const Number& second) {
+  if (auto* node = setter.direct<GameNode>(receiver, &host::native_setter<First, Second>)) {
+    node->write(node->*First, first);
+    node->write(node->*Second, second);
+  } else {
+    setter(receiver, first.object(), second.object());
+  }
+}
+
+}  // namespace
+
+void set_position(PyObject* node, const Number& x, const Number& y) {
+  set_pair<&GameNode::x, &GameNode::y>(message::SetXY, node, x, y);
+}
+
+void set_scale(PyObject* node, const Number& sx, const Number& sy) {
+  set_pair<&GameNode::sx, &GameNode::sy>(message::SetSXY, node, sx, sy);
+}
+
 void GameNode::construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y) {
   static PyObject* const zero = host::integer(0).release();
   static PyObject* const minus_one = host::integer(-1).release();

@@ -119,8 +119,6 @@ struct GameNode : host::Object {
   // The drawn rectangle, as cached by the last draw: (WX, WY, width * WSX, height * WSY).
   Ref drawn_rect();
   bool drawn_rect_contains(PyObject* px, PyObject* py);
-  // Stores a value derived from others without advancing the state clock.
-  void store_cached(Slot& slot, double value);
   [[nodiscard]] bool has_children() const;
 
  private:
@@ -135,6 +133,10 @@ GameNode* game_node(PyObject* object);
 
 // `IsVisible()` equals true.
 bool is_visible(PyObject* node);
+
+// `SetXY` and `SetSXY` of a node.
+void set_position(PyObject* node, const Number& x, const Number& y);
+void set_scale(PyObject* node, const Number& sx, const Number& sy);
 
 // Draws a child as its parent does: only when it is visible.
 void draw_visible(PyObject* node, PyObject* screen, PyObject* offset_x, PyObject* offset_y,

@@ -59,7 +59,19 @@ struct Object : PyObject {
     Py_XDECREF(old);
   }
   void write(Slot& slot, const Ref& value) { write(slot, value.get()); }
-  void write(Slot& slot, const Number& value) { write(slot, value.object()); }
+  void write(Slot& slot, const Number& value) {
+    if (!properties_override && value.is_real() && overwrite(slot, value.plain())) {
+      ++clocks.state;
+      return;
+    }
+    write(slot, value.object());
+  }
+  // Stores a value derived from others without advancing the state clock.
+  static void write_derived(Slot& slot, double value) {
+    if (overwrite(slot, value)) return;
+    PyObject* old = std::exchange(slot.object, real(value).release());
+    Py_XDECREF(old);
+  }
   void write(Slot& slot, bool value) { write(slot, value ? Py_True : Py_False); }
 
   [[nodiscard]] Number number(const Slot& slot) const {
@@ -95,6 +107,16 @@ struct Object : PyObject {
   static void materialise(LazySlot& slot);
 
  private:
+  // A float that nobody else refers to takes another value without becoming another object; one
+  // that already has the value stays.
+  static bool overwrite(Slot& slot, double value) noexcept {
+    if (slot.object == nullptr || !PyFloat_CheckExact(slot.object)) return false;
+    double& held = reinterpret_cast<PyFloatObject*>(slot.object)->ob_fval;
+    if (held == value && std::signbit(held) == std::signbit(value)) return true;
+    if (Py_REFCNT(slot.object) != 1) return false;
+    held = value;
+    return true;
+  }
   [[nodiscard]] Ref read_slow(const Slot& slot) const;
   void write_slow(Slot& slot, PyObject* value);
 };
