@@ -61,7 +61,9 @@ Ref import_quietly(const char* name) {
   Ref ignore = host::import("warnings", "simplefilter"_name);
   host::call(ignore, host::text("ignore"));
   Ref imported = Ref::steal(PyImport_ImportModule(name));
-  PyObject *type = nullptr, *value = nullptr, *trace = nullptr;
+  PyObject* type = nullptr;
+  PyObject* value = nullptr;
+  PyObject* trace = nullptr;
   PyErr_Fetch(&type, &value, &trace);
   host::call_method(catcher, "__exit__"_name, Py_None, Py_None, Py_None);
   PyErr_Restore(type, value, trace);

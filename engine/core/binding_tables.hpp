@@ -66,8 +66,8 @@ void declare_table(Builder& builder, const char* kind, const char* parameter) {
           "Delete the entry of that name; KeyError for an unknown one.")
       .template native_method<&clear_entries<Table>, 0>(builder.keep("CleanUp" + word), {},
                                                         "Empty the table in place.")
-      .template native_method<&host::native_getter<Table>, 0>(
-          builder.keep("Get" + word + "Array"), {}, "Return the table itself.");
+      .template native_method<&host::native_getter<Table>, 0>(builder.keep("Get" + word + "Array"),
+                                                              {}, "Return the table itself.");
 }
 
 template <auto Table, class Builder>
@@ -80,8 +80,8 @@ void declare_events_table(Builder& builder, const char* kind) {
 }
 
 // Calls the scene's method for the event of this name in `table`, if one is bound: its name is
-// "on_", the layer's name if there is one, and the function's name. `params` holds keyword arguments, or is none.
-// `layer_name` is null for the events of a node.
+// "on_", the layer's name if there is one, and the function's name. `params` holds keyword
+// arguments, or is none. `layer_name` is null for the events of a node.
 Ref call_bound_event(const Ref& table, const Ref& scene, PyObject* event, PyObject* params,
                      PyObject* layer_name);
 

@@ -97,10 +97,12 @@ void GameNode::OnEditRectDraging(PyObject* px, PyObject* py) {
   auto* self = static_cast<PyObject*>(this);
   Number moved_x = Number(px) - number(dragbegin_x);
   Number moved_y = Number(py) - number(dragbegin_y);
-  Axis horizontal{number(x),  number(width), number(anchorx),
-                  number(sx), Number(message::GetWSX(self).get()), number(WSX)};
-  Axis vertical{number(y),  number(height), number(anchory),
-                number(sy), Number(message::GetWSY(self).get()), number(WSY)};
+  Axis horizontal{
+      number(x),  number(width), number(anchorx), number(sx), Number(message::GetWSX(self).get()),
+      number(WSX)};
+  Axis vertical{
+      number(y),  number(height), number(anchory), number(sy), Number(message::GetWSY(self).get()),
+      number(WSY)};
   if (handle == kMiddle) {
     horizontal.move(moved_x);
     vertical.move(moved_y);

@@ -88,7 +88,9 @@ Ref GameLayer::GetGameNode(PyObject* id) {
   return node ? node : host::none();
 }
 
-bool GameLayer::ExistGameNode(PyObject* id) { return static_cast<bool>(registered(id)); }
+bool GameLayer::ExistGameNode(PyObject* id) {
+  return static_cast<bool>(registered(id));
+}
 
 Ref GameLayer::GetGameNodeCount() {
   return host::integer(host::length(read(GameNodeDict).get()));
@@ -142,8 +144,12 @@ void GameLayer::swap_in_order(PyObject* id, Py_ssize_t step) {
   host::set_item(order.get(), second.get(), mine.get());
 }
 
-void GameLayer::LayerUpGameNode(PyObject* id) { swap_in_order(id, 1); }
-void GameLayer::LayerDownGameNode(PyObject* id) { swap_in_order(id, -1); }
+void GameLayer::LayerUpGameNode(PyObject* id) {
+  swap_in_order(id, 1);
+}
+void GameLayer::LayerDownGameNode(PyObject* id) {
+  swap_in_order(id, -1);
+}
 
 bool GameLayer::CheckAllGameNode() {
   bool consistent = true;
@@ -221,15 +227,15 @@ void register_layer(PyObject* module) {
       .attribute("UserFunctionDict", &GameLayer::UserFunctionDict, "free for scripts")
       .attribute("instanceID", &GameLayer::instanceID, "the next instance number")
       .attribute("visible", &GameLayer::visible, "whether the layer updates, draws, takes input")
-      .attribute("scrollType", &GameLayer::scrollType,
-                 "0 none, 1 left, 2 right, 3 up, 4 down")
+      .attribute("scrollType", &GameLayer::scrollType, "0 none, 1 left, 2 right, 3 up, 4 down")
       .attribute("scrollSpeed", &GameLayer::scrollSpeed, "scroll speed, pixels per second")
       .attribute("scrollPosX", &GameLayer::scrollPosX, "horizontal scroll offset, pixels")
       .attribute("scrollPosY", &GameLayer::scrollPosY, "vertical scroll offset, pixels")
       .attribute("font", &GameLayer::font, "font of the labels of debug points");
   builder.constructor<&GameLayer::construct>(
-      {}, "A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.\n\n"
-          "pygame's font module must be initialised.");
+      {},
+      "A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.\n\n"
+      "pygame's font module must be initialised.");
   host::add_object_protocol(builder);
   builder.accessors<&GameLayer::LayerName>("GetLayerName", "SetLayerName", "name")
       .accessors<&GameLayer::visible>("IsVisible", "SetVisible", "v")

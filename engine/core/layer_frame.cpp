@@ -111,7 +111,9 @@ void GameLayer::OnKeyDownFunction(PyObject* key) {
   forward(*this, message::OnKeyDownFunction, key);
 }
 
-void GameLayer::OnKeyUpFunction(PyObject* key) { forward(*this, message::OnKeyUpFunction, key); }
+void GameLayer::OnKeyUpFunction(PyObject* key) {
+  forward(*this, message::OnKeyUpFunction, key);
+}
 
 void GameLayer::OnEditRectDraging(PyObject* px, PyObject* py) {
   forward(*this, message::OnEditRectDraging, px, py);
@@ -165,8 +167,8 @@ void declare_layer_frame(LayerBuilder& builder) {
           "draw", {"screen"},
           "Draw the nodes in draw order with the scroll position as camera, then the debug shapes, "
           "then take in the nodes that wait to be added.")
-      .method<&GameLayer::OnPickDownFunction>(
-          "OnPickDownFunction", {"x", "y"}, "Offer a press (screen pixels) to every node.")
+      .method<&GameLayer::OnPickDownFunction>("OnPickDownFunction", {"x", "y"},
+                                              "Offer a press (screen pixels) to every node.")
       .method<&GameLayer::OnPickUpFunction>("OnPickUpFunction", {"x", "y"},
                                             "Offer a release (screen pixels) to every node.")
       .method<&GameLayer::OnKeyDownFunction>("OnKeyDownFunction", {"key"},
@@ -188,8 +190,9 @@ void declare_layer_frame(LayerBuilder& builder) {
           "Call the scene's method \"on_\" + layer name + \"_\" + function name that is bound to "
           "the event.\n\n`params` is a dictionary of keyword arguments. Returns the method's "
           "result, none when nothing is bound or the scene has no such method.")
-      .method<&GameLayer::CallInnerEvent>("CallInnerEvent", {"eventName", {"params", nullptr}},
-                                          "Call the scene's method that is bound to a built-in event, as CallEvent does.");
+      .method<&GameLayer::CallInnerEvent>(
+          "CallInnerEvent", {"eventName", {"params", nullptr}},
+          "Call the scene's method that is bound to a built-in event, as CallEvent does.");
 }
 
 }  // namespace tessora

@@ -22,8 +22,8 @@ void draw_point(const Ref& shape, PyObject* screen, const Ref& color, const Ref&
   Ref py = item(shape, 3);
   Number left = host::number(px) - Number(kMarkerReach);
   Number top = host::number(py) - Number(kMarkerReach);
-  Ref marker = host::tuple(left.object(), top.object(), host::integer(kMarker),
-                           host::integer(kMarker));
+  Ref marker =
+      host::tuple(left.object(), top.object(), host::integer(kMarker), host::integer(kMarker));
   host::call(host::modules::draw["rect"_name], screen, color, marker, host::integer(0));
   Ref label = host::call_method(font, "render"_name, point_text(px, py), Py_True, color);
   label = host::call_method(label, "convert_alpha"_name);
@@ -90,9 +90,8 @@ void GameLayer::draw_shapes(PyObject* screen) {
   auto is_empty = [&](const Slot& shapes) { return host::length(read(shapes).get()) == 0; };
   if (is_empty(PointArray) && is_empty(LineArray) && is_empty(RectArray)) return;
   Ref color = host::call(host::modules::pygame["Color"_name], "red"_name);
-  each_shape(read(PointArray), [&](const Ref& shape) {
-    draw_point(shape, screen, color, read(font));
-  });
+  each_shape(read(PointArray),
+             [&](const Ref& shape) { draw_point(shape, screen, color, read(font)); });
   each_shape(read(LineArray), [&](const Ref& shape) { draw_line(shape, screen, color); });
   each_shape(read(RectArray), [&](const Ref& shape) { draw_rect(shape, screen, color); });
 }
@@ -111,11 +110,14 @@ void declare_layer_shapes(LayerBuilder& builder) {
       .accessors<&GameLayer::PointArray>("GetPointArray", nullptr, "points")
       .accessors<&GameLayer::LineArray>("GetLineArray", nullptr, "lines")
       .accessors<&GameLayer::RectArray>("GetRectArray", nullptr, "rects")
-      .native_method<&delete_shape<&GameLayer::PointArray>, 1>("DelPoint", {"index"},
+      .native_method<&delete_shape<&GameLayer::PointArray>, 1>(
+          "DelPoint", {"index"},
           "Remove the debug point at that position; positions out of range are ignored.")
-      .native_method<&delete_shape<&GameLayer::LineArray>, 1>("DelLine", {"index"},
+      .native_method<&delete_shape<&GameLayer::LineArray>, 1>(
+          "DelLine", {"index"},
           "Remove the debug line at that position; positions out of range are ignored.")
-      .native_method<&delete_shape<&GameLayer::RectArray>, 1>("DelRect", {"index"},
+      .native_method<&delete_shape<&GameLayer::RectArray>, 1>(
+          "DelRect", {"index"},
           "Remove the debug rectangle at that position; positions out of range are ignored.");
 }
 

@@ -37,7 +37,9 @@ Ref node_event(PyObject* name) {
   return host::list(Py_None, pick ? host::list("px"_name, "py"_name) : host::list(), host::list());
 }
 
-Ref layer_event(PyObject*) { return host::list(Py_None, host::list()); }
+Ref layer_event(PyObject*) {
+  return host::list(Py_None, host::list());
+}
 
 PyObject* make_events(std::size_t count, Ref (*make)(PyObject* name)) {
   return host::guarded<PyObject*>(nullptr, [&] {
@@ -49,8 +51,12 @@ PyObject* make_events(std::size_t count, Ref (*make)(PyObject* name)) {
 
 }  // namespace
 
-PyObject* make_node_events() { return make_events(6, &node_event); }
-PyObject* make_layer_events() { return make_events(7, &layer_event); }
+PyObject* make_node_events() {
+  return make_events(6, &node_event);
+}
+PyObject* make_layer_events() {
+  return make_events(7, &layer_event);
+}
 
 bool is_bound(const Ref& table, PyObject* event) {
   Ref entry = find_entry(table, event);
@@ -116,8 +122,9 @@ void declare_bindings(NodeBuilder& builder) {
           "Call the scene's method \"on_\" + function name that is bound to the event.\n\n"
           "`params` is a dictionary of keyword arguments. Returns the method's result, none when "
           "nothing is bound or the scene has no such method.")
-      .method<&GameNode::CallInnerEvent>("CallInnerEvent", {"eventName", {"params", nullptr}},
-                                         "Call the scene's method that is bound to a built-in event, as CallEvent does.");
+      .method<&GameNode::CallInnerEvent>(
+          "CallInnerEvent", {"eventName", {"params", nullptr}},
+          "Call the scene's method that is bound to a built-in event, as CallEvent does.");
 }
 
 }  // namespace tessora

@@ -20,8 +20,8 @@ const host::MessageSet& overlay_messages() {
 }  // namespace
 
 bool is_visible(PyObject* node) {
-  if (auto* known = message::IsVisible.direct<GameNode>(
-          node, &host::native_getter<&GameNode::visible>)) {
+  if (auto* known =
+          message::IsVisible.direct<GameNode>(node, &host::native_getter<&GameNode::visible>)) {
     return known->is_true(known->visible);
   }
   return host::equals_true(message::IsVisible(node));

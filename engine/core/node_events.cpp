@@ -106,7 +106,9 @@ void GameNode::OnKeyDownFunction(PyObject* key) {
   run_key_function(*this, KeyDownFunctionDict, key);
 }
 
-void GameNode::OnKeyUpFunction(PyObject* key) { run_key_function(*this, KeyUpFunctionDict, key); }
+void GameNode::OnKeyUpFunction(PyObject* key) {
+  run_key_function(*this, KeyUpFunctionDict, key);
+}
 
 bool GameNode::checkClick(PyObject* px, PyObject* py) {
   return is_visible(this) && drawn_rect_contains(px, py);

@@ -26,7 +26,6 @@ const host::MessageSet& transform_messages() {
   return set;
 }
 
-
 // Whether the attribute is set, to a float or a small int.
 bool read_plain(const Slot& slot, double& value) {
   return slot.object != nullptr && host::small_number(slot.object, value);
@@ -94,10 +93,18 @@ const GameNode::World* GameNode::compute_world() {
   return &world_memo.values;
 }
 
-Number GameNode::GetAXW() { return number(anchorx) * number(width); }
-Number GameNode::GetAYH() { return number(anchory) * number(height); }
-Number GameNode::GetPAXW() { return parent_value(*this, message::GetAXW, 0.0); }
-Number GameNode::GetPAYH() { return parent_value(*this, message::GetAYH, 0.0); }
+Number GameNode::GetAXW() {
+  return number(anchorx) * number(width);
+}
+Number GameNode::GetAYH() {
+  return number(anchory) * number(height);
+}
+Number GameNode::GetPAXW() {
+  return parent_value(*this, message::GetAXW, 0.0);
+}
+Number GameNode::GetPAYH() {
+  return parent_value(*this, message::GetAYH, 0.0);
+}
 
 Number GameNode::GetWX() {
   if (const World* known = world()) return known->x;
@@ -129,15 +136,31 @@ Number GameNode::GetWAngle() {
   return ask(message::GetWPAngle, *this) + number(angle);
 }
 
-Number GameNode::GetWPX() { return parent_value(*this, message::GetWX, 0.0); }
-Number GameNode::GetWPY() { return parent_value(*this, message::GetWY, 0.0); }
-Number GameNode::GetWPSX() { return parent_value(*this, message::GetWSX, 1.0); }
-Number GameNode::GetWPSY() { return parent_value(*this, message::GetWSY, 1.0); }
-Number GameNode::GetWPAngle() { return parent_value(*this, message::GetWAngle, 0.0); }
+Number GameNode::GetWPX() {
+  return parent_value(*this, message::GetWX, 0.0);
+}
+Number GameNode::GetWPY() {
+  return parent_value(*this, message::GetWY, 0.0);
+}
+Number GameNode::GetWPSX() {
+  return parent_value(*this, message::GetWSX, 1.0);
+}
+Number GameNode::GetWPSY() {
+  return parent_value(*this, message::GetWSY, 1.0);
+}
+Number GameNode::GetWPAngle() {
+  return parent_value(*this, message::GetWAngle, 0.0);
+}
 
-Ref GameNode::GetWXY() { return pair(ask(message::GetWX, *this), ask(message::GetWY, *this)); }
-Ref GameNode::GetWPXY() { return pair(ask(message::GetWPX, *this), ask(message::GetWPY, *this)); }
-Ref GameNode::GetWSXY() { return pair(ask(message::GetWSX, *this), ask(message::GetWSY, *this)); }
+Ref GameNode::GetWXY() {
+  return pair(ask(message::GetWX, *this), ask(message::GetWY, *this));
+}
+Ref GameNode::GetWPXY() {
+  return pair(ask(message::GetWPX, *this), ask(message::GetWPY, *this));
+}
+Ref GameNode::GetWSXY() {
+  return pair(ask(message::GetWSX, *this), ask(message::GetWSY, *this));
+}
 Ref GameNode::GetWPSXY() {
   return pair(ask(message::GetWPSX, *this), ask(message::GetWPSY, *this));
 }
@@ -172,8 +195,12 @@ Ref GameNode::extreme_edge(const host::Message& edge, Number own, bool larger) {
   return result;
 }
 
-Ref GameNode::GetLeft() { return extreme_edge(message::GetLeft, number(WX), false); }
-Ref GameNode::GetTop() { return extreme_edge(message::GetTop, number(WY), false); }
+Ref GameNode::GetLeft() {
+  return extreme_edge(message::GetLeft, number(WX), false);
+}
+Ref GameNode::GetTop() {
+  return extreme_edge(message::GetTop, number(WY), false);
+}
 Ref GameNode::GetRight() {
   return extreme_edge(message::GetRight, number(WX) + number(width) * number(WSX), true);
 }
@@ -213,8 +240,10 @@ void GameNode::draw_begin(PyObject* offset_x, PyObject* offset_y, PyObject* scal
 
 void declare_transform(NodeBuilder& builder) {
   builder
-      .method<&GameNode::GetAXW>("GetAXW", "Return the anchor's offset from the left, unscaled pixels.")
-      .method<&GameNode::GetAYH>("GetAYH", "Return the anchor's offset from the top, unscaled pixels.")
+      .method<&GameNode::GetAXW>("GetAXW",
+                                 "Return the anchor's offset from the left, unscaled pixels.")
+      .method<&GameNode::GetAYH>("GetAYH",
+                                 "Return the anchor's offset from the top, unscaled pixels.")
       .method<&GameNode::GetPAXW>("GetPAXW", "Return the parent's GetAXW(), or 0.0 without one.")
       .method<&GameNode::GetPAYH>("GetPAYH", "Return the parent's GetAYH(), or 0.0 without one.")
       .method<&GameNode::GetWX>("GetWX",

@@ -8,16 +8,17 @@ namespace tessora {
 
 namespace {
 
-PyObject* new_dictionary() { return PyDict_New(); }
+PyObject* new_dictionary() {
+  return PyDict_New();
+}
 
 Py_ssize_t index_of(const Ref& list, PyObject* item) {
   return host::check(PySequence_Index(list.get(), item));
 }
 
 void write_empty_tables(GameNode& node) {
-  for (LazySlot* table : {&node.KeyDownFunctionDict, &node.KeyUpFunctionDict,
-                          &node.BindingVarArray, &node.BindingEventArray,
-                          &node.BindingPointArray}) {
+  for (LazySlot* table : {&node.KeyDownFunctionDict, &node.KeyUpFunctionDict, &node.BindingVarArray,
+                          &node.BindingEventArray, &node.BindingPointArray}) {
     node.write(*table, host::lazy_default<&new_dictionary>());
   }
 }
@@ -186,8 +187,12 @@ void GameNode::swap_children(PyObject* child, Py_ssize_t step) {
   message::SetSortIndex(other, first);
 }
 
-void GameNode::LayerUpChild(PyObject* child) { swap_children(child, 1); }
-void GameNode::LayerDownChild(PyObject* child) { swap_children(child, -1); }
+void GameNode::LayerUpChild(PyObject* child) {
+  swap_children(child, 1);
+}
+void GameNode::LayerDownChild(PyObject* child) {
+  swap_children(child, -1);
+}
 
 void GameNode::SetParent(PyObject* p) {
   Ref owner = Ref::share(p);
@@ -218,73 +223,6 @@ void GameNode::OnDestroy() {
   write(instanceID, Number(-1));
 }
 
-namespace {
-
-// Attributes that may be copied: all but those that tie a node to its place in a scene.
-struct CopiedByMethod {
-  const char* setter;
-  std::vector<Slot GameNode::*> attributes;
-};
-
-void copy_through_setters(GameNode& from, PyObject* to) {
-  static const std::vector<CopiedByMethod> setters = {
-      {"SetXY", {&GameNode::x, &GameNode::y}},
-      {"SetSXY", {&GameNode::sx, &GameNode::sy}},
-      {"SetAngle", {&GameNode::angle}},
-      {"SetWidth", {&GameNode::width}},
-      {"SetHeight", {&GameNode::height}},
-      {"SetAXY", {&GameNode::anchorx, &GameNode::anchory}},
-      {"SetVisible", {&GameNode::visible}},
-      {"SetSizeRectVisible", {&GameNode::rectvisible}},
-      {"SetAnchorVisible", {&GameNode::anchorvisible}},
-      {"SetEditRectEnable", {&GameNode::editrectenable}},
-      {"SetEditRectVisible", {&GameNode::editrectvisible}},
-      {"SetCollision", {&GameNode::collisionType, &GameNode::collisionInfo}},
-      {"SetCheckPickDownChild", {&GameNode::CheckPickDownChild}},
-      {"EnablePickDownEvent", {&GameNode::Enable_PickDown}},
-      {"EnablePickUpEvent", {&GameNode::Enable_PickUp}},
-      {"SetPickDownFunction", {&GameNode::PickDownFunction}},
-      {"SetPickUpFunction", {&GameNode::PickUpFunction}},
-      {"SetUpdateFunction", {&GameNode::UpdateFunction}},
-      {"SetUserData", {&GameNode::userData}},
-  };
-  for (const CopiedByMethod& entry : setters) {
-    Ref method = host::get_attr(to, Ref::steal(host::intern(entry.setter)).get());
-    if (entry.attributes.size() == 1) {
-      host::call(method, from.read(from.*entry.attributes[0]));
-    } else {
-      host::call(method, from.read(from.*entry.attributes[0]), from.read(from.*entry.attributes[1]));
-    }
-  }
-}
-
-void copy_tables(GameNode& from, PyObject* to) {
-  struct Table {
-    PyObject* name;
-    LazySlot GameNode::* attribute;
-  };
-  const Table tables[] = {
-      {"KeyDownFunctionDict"_name, &GameNode::KeyDownFunctionDict},
-      {"KeyUpFunctionDict"_name, &GameNode::KeyUpFunctionDict},
-      {"BindingVarArray"_name, &GameNode::BindingVarArray},
-      {"BindingEventArray"_name, &GameNode::BindingEventArray},
-      {"BindingPointArray"_name, &GameNode::BindingPointArray},
-      {"InnerBindingEventArray"_name, &GameNode::InnerBindingEventArray},
-  };
-  for (const Table& table : tables) {
-    Ref copy = host::call(reinterpret_cast<PyObject*>(&PyDict_Type), from.read(from.*table.attribute));
-    host::set_attr(to, table.name, copy.get());
-  }
-}
-
-}  // namespace
-
-void GameNode::CopyTo(PyObject* other) {
-  Ref to = Ref::share(other);
-  copy_through_setters(*this, other);
-  copy_tables(*this, other);
-}
-
 void declare_tree(NodeBuilder& builder) {
   builder
       .method<&GameNode::AddChild>(
@@ -298,7 +236,8 @@ void declare_tree(NodeBuilder& builder) {
       .method<&GameNode::RemoveAllChildren>("RemoveAllChildren",
                                             "Empty the whole subtree, depth first.")
       .method<&GameNode::GetAllChildrens>(
-          "GetAllChildrens", "Return a new flat list of all descendants, leaves before their parents.")
+          "GetAllChildrens",
+          "Return a new flat list of all descendants, leaves before their parents.")
       .method<&GameNode::ReSortAllChild>(
           "ReSortAllChild",
           "Rebuild the children in the order of their sort indices, which must be 0 to n - 1.\n\n"
@@ -386,7 +325,8 @@ void register_scene_node(PyObject* module) {
       .attribute("WY", &GameNode::WY, "cached top edge on the screen, pixels")
       .attribute("clicked", &GameNode::clicked, "pressed at the moment")
       .attribute("CheckPickDownChild", &GameNode::CheckPickDownChild,
-                 "whether a press or release that a child takes is answered with the child; if false, with the "
+                 "whether a press or release that a child takes is answered with the child; if "
+                 "false, with the "
                  "node itself")
       .attribute("collisionType", &GameNode::collisionType, "kind of collision shape, -1 for none")
       .attribute("collisionInfo", &GameNode::collisionInfo, "data of the collision shape")
@@ -394,8 +334,10 @@ void register_scene_node(PyObject* module) {
       .attribute("editrectvisible", &GameNode::editrectvisible, "edit rectangle is drawn")
       .attribute("dragcornerindex", &GameNode::dragcornerindex,
                  "handle being dragged, negative for none")
-      .attribute("dragbegin_x", &GameNode::dragbegin_x, "x of the pointer where a drag began, pixels")
-      .attribute("dragbegin_y", &GameNode::dragbegin_y, "y of the pointer where a drag began, pixels")
+      .attribute("dragbegin_x", &GameNode::dragbegin_x,
+                 "x of the pointer where a drag began, pixels")
+      .attribute("dragbegin_y", &GameNode::dragbegin_y,
+                 "y of the pointer where a drag began, pixels")
       .attribute("focusIn", &GameNode::focusIn, "has the keyboard focus")
       .attribute("userData", &GameNode::userData, "free for scripts");
   builder.constructor<&GameNode::construct>(
@@ -420,8 +362,8 @@ void register_scene_node(PyObject* module) {
       .accessors<&GameNode::anchorvisible>("IsAnchorVisible", "SetAnchorVisible", "v")
       .accessors<&GameNode::rectvisible>("IsSizeRectVisible", "SetSizeRectVisible", "v")
       .accessors<&GameNode::focusIn>("IsFocusIn", "SetFocusIn", "v")
-      .accessors<&GameNode::collisionType, &GameNode::collisionInfo>("GetCollision",
-                                                                     "SetCollision", "type", "info")
+      .accessors<&GameNode::collisionType, &GameNode::collisionInfo>("GetCollision", "SetCollision",
+                                                                     "type", "info")
       .accessors<&GameNode::CheckPickDownChild>("GetCheckPickDownChild", "SetCheckPickDownChild",
                                                 "v")
       .accessors<&GameNode::userData>("GetUserData", "SetUserData", "d")

@@ -126,28 +126,36 @@ void GUI_Button::CopyTo(PyObject* other) {
   copy_color("SetTextColor_Click"_name, read(textColor_click));
   copy_color("SetBGColor_Hover"_name, read(bgColor_hover));
   copy_color("SetBGColor_Click"_name, read(bgColor_click));
-  if (is_set(image_hover_File)) host::call_method(to, "SetImage_Hover"_name, read(image_hover_File));
-  if (is_set(image_click_File)) host::call_method(to, "SetImage_Click"_name, read(image_click_File));
+  if (is_set(image_hover_File))
+    host::call_method(to, "SetImage_Hover"_name, read(image_hover_File));
+  if (is_set(image_click_File))
+    host::call_method(to, "SetImage_Click"_name, read(image_click_File));
 }
 
 void register_button(PyObject* module) {
   host::ClassBuilder<GUI_Button> builder("GUI_Button", &host::class_info<GUI_Label>);
-  builder
-      .attribute("textColor_hover", &GUI_Button::textColor_hover, "text colour, pointer inside")
+  builder.attribute("textColor_hover", &GUI_Button::textColor_hover, "text colour, pointer inside")
       .attribute("bgColor_hover", &GUI_Button::bgColor_hover, "background, pointer inside")
       .attribute("image_hover", &GUI_Button::image_hover, "picture, pointer inside, or none")
-      .attribute("image_hover_File", &GUI_Button::image_hover_File, "file name of the hovered state's picture, or none")
-      .attribute("image_click_File", &GUI_Button::image_click_File, "file name of the pressed state's picture, or none")
+      .attribute("image_hover_File", &GUI_Button::image_hover_File,
+                 "file name of the hovered state's picture, or none")
+      .attribute("image_click_File", &GUI_Button::image_click_File,
+                 "file name of the pressed state's picture, or none")
       .attribute("textColor_click", &GUI_Button::textColor_click, "text colour while pressed")
       .attribute("bgColor_click", &GUI_Button::bgColor_click, "background while pressed")
       .attribute("image_click", &GUI_Button::image_click, "picture while pressed, or none");
   builder.constructor<&GUI_Button::construct>(
-      {{"parent", nullptr}, {"x", 0}, {"y", 0}, {"text", ""}, {"fontname", "Arial"},
+      {{"parent", nullptr},
+       {"x", 0},
+       {"y", 0},
+       {"text", ""},
+       {"fontname", "Arial"},
        {"fontsize", 16}},
       "A label that reacts to the mouse: normal, hovered and pressed.\n\nAssign "
       "`PickDownFunction` or `PickUpFunction` to learn of presses and releases.");
   builder.accessors<&GUI_Button::clicked>("IsClicked", nullptr, "flag")
-      .method<&GUI_Button::SetImage_Hover>("SetImage_Hover", {"imagefile"},
+      .method<&GUI_Button::SetImage_Hover>(
+          "SetImage_Hover", {"imagefile"},
           "Load the picture of the hovered state through `Res` and record its file.")
       .accessors<&GUI_Button::image_hover>("GetImage_Hover", nullptr, "image")
       .accessors<&GUI_Button::image_hover_File>("GetImageFile_Hover", nullptr, "file")
@@ -157,7 +165,8 @@ void register_button(PyObject* module) {
       .method<&GUI_Button::SetTextColor_Hover>("SetTextColor_Hover", {"r", "g", "b"},
                                                "Set the opaque text colour of the hovered state.")
       .accessors<&GUI_Button::textColor_hover>("GetTextColor_Hover", nullptr, "color")
-      .method<&GUI_Button::SetImage_Click>("SetImage_Click", {"imagefile"},
+      .method<&GUI_Button::SetImage_Click>(
+          "SetImage_Click", {"imagefile"},
           "Load the picture of the pressed state through `Res` and record its file.")
       .accessors<&GUI_Button::image_click>("GetImage_Click", nullptr, "image")
       .accessors<&GUI_Button::image_click_File>("GetImageFile_Click", nullptr, "file")

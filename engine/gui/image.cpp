@@ -7,7 +7,9 @@ namespace tessora {
 
 namespace {
 
-PyObject* new_dictionary() { return PyDict_New(); }
+PyObject* new_dictionary() {
+  return PyDict_New();
+}
 
 template <int Red, int Green, int Blue>
 PyObject* new_color() {

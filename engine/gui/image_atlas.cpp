@@ -38,10 +38,10 @@ Ref braced_numbers(const Ref& text, Py_ssize_t count) {
 }
 
 struct Frame {
-  Ref rect;     // pygame.Rect, upright
+  Ref rect;  // pygame.Rect, upright
   bool rotated = false;
-  Ref source;   // untrimmed size as (width, height), or empty
-  Ref offset;   // of the trimmed picture's centre, y upwards, or empty
+  Ref source;  // untrimmed size as (width, height), or empty
+  Ref offset;  // of the trimmed picture's centre, y upwards, or empty
 };
 
 Frame read_frame(const Ref& entry) {
@@ -65,9 +65,13 @@ Frame read_frame(const Ref& entry) {
   return frame;
 }
 
-Number side(const Ref& rect, PyObject* name) { return host::number(host::get_attr(rect, name)); }
+Number side(const Ref& rect, PyObject* name) {
+  return host::number(host::get_attr(rect, name));
+}
 
-Ref half(const Number& whole) { return (whole / Number(2)).object(); }
+Ref half(const Number& whole) {
+  return (whole / Number(2)).object();
+}
 
 // The frame as it was before it was trimmed.
 Ref untrimmed(const Frame& frame, const Ref& picture) {
@@ -120,13 +124,16 @@ Ref resource_path(PyObject* file) {
   return host::call_method(host::engine_value("Res"_name), "GetResPath"_name, file);
 }
 
-bool is_mapping(const Ref& value) { return value && PyDict_Check(value.get()); }
+bool is_mapping(const Ref& value) {
+  return value && PyDict_Check(value.get());
+}
 
 // The sheet that an atlas names itself, or the atlas's own name with the ending of a picture.
 Ref sheet_name(PyObject* plist_file, const Ref& atlas) {
   if (Ref metadata = find_key(atlas, {"metadata"_name}); is_mapping(metadata)) {
     Ref named = find_key(metadata, {"realTextureFileName"_name, "textureFileName"_name});
-    if (named && PyUnicode_Check(named.get()) && PyUnicode_GET_LENGTH(named.get()) > 0) return named;
+    if (named && PyUnicode_Check(named.get()) && PyUnicode_GET_LENGTH(named.get()) > 0)
+      return named;
   }
   Ref parts = host::call(host::modules::path["splitext"_name], plist_file);
   return host::take(PyNumber_Add(part(parts, 0).get(), host::text(".png").get()));
@@ -144,8 +151,8 @@ Ref items_of(const Ref& mapping) {
 void GUI_Image::LoadImageFramesPList(PyObject* plist_file, PyObject* image_file) {
   Ref file = Ref::share(plist_file);
   Ref atlas = parse_property_list(resource_path(plist_file).get());
-  Ref sheet = load_image(host::is_set(image_file) ? image_file
-                                                  : sheet_name(plist_file, atlas).get());
+  Ref sheet =
+      load_image(host::is_set(image_file) ? image_file : sheet_name(plist_file, atlas).get());
   Ref entries = items_of(host::get_item(atlas.get(), "frames"_name));
   Ref rects = host::take(PyDict_New());
   Ref by_name = host::take(PyDict_New());
@@ -181,7 +188,8 @@ void GUI_Image::LoadAnimationPlist(PyObject* plist_file, PyObject* action_name) 
   Ref entry = host::get_item(description.get(), name.get());
   Ref names = host::take(PySequence_List(host::get_item(entry.get(), "frames"_name).get()));
   Ref delay = host::get_item(entry.get(), "delay"_name);
-  Ref known = atlas_frames.object == nullptr ? host::take(PyDict_New()) : Ref::share(atlas_frames.object);
+  Ref known =
+      atlas_frames.object == nullptr ? host::take(PyDict_New()) : Ref::share(atlas_frames.object);
   Ref frames = host::list();
   for (Py_ssize_t index = 0; index < PyList_GET_SIZE(names.get()); ++index) {
     Ref frame_name = Ref::share(PyList_GET_ITEM(names.get(), index));

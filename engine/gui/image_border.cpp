@@ -7,7 +7,9 @@ namespace {
 
 constexpr int kFocusWidth = 2;
 
-Ref point(const Number& px, const Number& py) { return host::tuple(px.object(), py.object()); }
+Ref point(const Number& px, const Number& py) {
+  return host::tuple(px.object(), py.object());
+}
 
 void line(PyObject* screen, const Ref& color, const Number& from_x, const Number& from_y,
           const Number& to_x, const Number& to_y, int thickness) {
@@ -51,8 +53,8 @@ void draw_border(GUI_Image& widget, PyObject* screen, const Box& box) {
   if (thickness == 0) return;
   Ref style = widget.read(widget.style);
   if (host::is_text(style.get(), "solid"_name)) {
-    Ref rect = host::tuple(box.left.object(), box.top.object(), box.width.object(),
-                           box.height.object());
+    Ref rect =
+        host::tuple(box.left.object(), box.top.object(), box.width.object(), box.height.object());
     host::call(host::modules::draw["rect"_name], screen, widget.read(widget.borderColor), rect,
                host::integer(thickness));
   } else if (host::is_text(style.get(), "raised"_name)) {
@@ -93,9 +95,9 @@ void GUI_Image::drawStyle(PyObject* screen) {
   Ref kind = read(style);
   if (host::is_text(kind.get(), "flat"_name) || host::is_text(kind.get(), "hollow"_name)) return;
   if (number(WAngle) == Number(0)) {
-    draw_border(*this, screen,
-                {number(WX), number(WY), number(width) * number(WSX),
-                 number(height) * number(WSY)});
+    draw_border(
+        *this, screen,
+        {number(WX), number(WY), number(width) * number(WSX), number(height) * number(WSY)});
     return;
   }
   Ref key = key_color(*this);
@@ -131,7 +133,8 @@ void GUI_Image::drawFocusBorder(PyObject* screen) {
 void GUI_Image::drawCollInfo(PyObject* screen) {
   if (!is_true(coll_visible) || is_default(coll_rectArray)) return;
   Ref color = host::engine_value("g_pygameControl_CollColor"_name);
-  Ref lists = host::take(PySequence_List(host::call_method(read(coll_rectArray), "values"_name).get()));
+  Ref lists =
+      host::take(PySequence_List(host::call_method(read(coll_rectArray), "values"_name).get()));
   for (Py_ssize_t index = 0; index < PyList_GET_SIZE(lists.get()); ++index) {
     Ref rects = host::take(PySequence_List(PyList_GET_ITEM(lists.get(), index)));
     for (Py_ssize_t each = 0; each < PyList_GET_SIZE(rects.get()); ++each) {

@@ -38,9 +38,8 @@ std::optional<PlainBox> plain_box(GUI_Image& widget) {
   PlainBox box{};
   if (widget.properties_override) return std::nullopt;
   const std::pair<const Slot*, double*> values[] = {
-      {&widget.WX, &box.left},         {&widget.WY, &box.top},
-      {&widget.width, &box.width},     {&widget.height, &box.height},
-      {&widget.WSX, &box.scale_x},     {&widget.WSY, &box.scale_y}};
+      {&widget.WX, &box.left},       {&widget.WY, &box.top},      {&widget.width, &box.width},
+      {&widget.height, &box.height}, {&widget.WSX, &box.scale_x}, {&widget.WSY, &box.scale_y}};
   for (const auto& [slot, value] : values) {
     if (slot->object == nullptr || !host::small_number(slot->object, *value)) return std::nullopt;
   }
@@ -209,12 +208,13 @@ void declare_image_drawing(ImageBuilder& builder) {
           "drawimage", {"screen", "image"},
           "Draw a surface scaled to the drawn size, rotated and tinted with `bgColor`, centred on "
           "the drawn rectangle.")
-      .method<&GUI_Image::drawBGColor>("drawBGColor", {"screen", "bgColor"},
-                                       "Fill the drawn rectangle with a colour; none draws nothing.")
+      .method<&GUI_Image::drawBGColor>(
+          "drawBGColor", {"screen", "bgColor"},
+          "Fill the drawn rectangle with a colour; none draws nothing.")
       .method<&GUI_Image::drawStyle>("drawStyle", {"screen"},
                                      "Draw the border of the style while `borderVisible` is true.")
-      .method<&GUI_Image::drawFocusBorder>(
-          "drawFocusBorder", {"screen"}, "Outline the widget while it has the keyboard focus.")
+      .method<&GUI_Image::drawFocusBorder>("drawFocusBorder", {"screen"},
+                                           "Outline the widget while it has the keyboard focus.")
       .method<&GUI_Image::drawCollInfo>(
           "drawCollInfo", {"screen"},
           "Outline the collision rectangles while `coll_visible` is true.");

@@ -12,12 +12,14 @@ struct AnchorKeyword {
 };
 
 constexpr AnchorKeyword kAnchors[] = {
-    {"wn", 0, 0},      {"n", 0.5, 0},   {"en", 1.0, 0},   {"w", 0, 0.5},  {"center", 0.5, 0.5},
-    {"e", 1.0, 0.5},   {"ws", 0, 1.0},  {"s", 0.5, 1.0},  {"es", 1.0, 1.0},
+    {"wn", 0, 0},    {"n", 0.5, 0},  {"en", 1.0, 0},  {"w", 0, 0.5},    {"center", 0.5, 0.5},
+    {"e", 1.0, 0.5}, {"ws", 0, 1.0}, {"s", 0.5, 1.0}, {"es", 1.0, 1.0},
 };
 
 // Whole fractions stay the integers that scripts write.
-Ref fraction(double value) { return value == 0 ? host::integer(0) : host::real(value); }
+Ref fraction(double value) {
+  return value == 0 ? host::integer(0) : host::real(value);
+}
 
 Ref blend_flag(PyObject* blend) {
   PyObject* name = "BLEND_MULT"_name;
@@ -40,13 +42,17 @@ void GUI_Image::SetBGColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a) {
   write(bgColor, make_color(r, g, b, a));
 }
 
-void GUI_Image::DropBGColor() { write(bgColor, Py_None); }
+void GUI_Image::DropBGColor() {
+  write(bgColor, Py_None);
+}
 
 void GUI_Image::SetBorderColor(PyObject* r, PyObject* g, PyObject* b) {
   write(borderColor, make_color(r, g, b, host::integer(255).get()));
 }
 
-void GUI_Image::SetBlendType(PyObject* blend) { write(blendtype, blend_flag(blend)); }
+void GUI_Image::SetBlendType(PyObject* blend) {
+  write(blendtype, blend_flag(blend));
+}
 
 void GUI_Image::SetImageAnchor(PyObject* anchor) {
   Ref keyword = host::call_method(anchor, "lower"_name);
@@ -117,7 +123,8 @@ void GUI_Image::CopyTo(PyObject* other) {
   give("image", read(image));
   give("imageArray", copy_of(read(imageArray)));
   give("imageFrameRectArray", copy_of(read(imageFrameRectArray)));
-  give("imagefiles", PyList_Check(imagefiles.object) ? copy_of(read(imagefiles)) : read(imagefiles));
+  give("imagefiles",
+       PyList_Check(imagefiles.object) ? copy_of(read(imagefiles)) : read(imagefiles));
   give("imageCount", read(imageCount));
   give("imageIndex", read(imageIndex));
   give("imageDelay", read(imageDelay));

@@ -45,8 +45,8 @@ void GUI_Label::CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObj
                            PyObject* underline, PyObject* strike) {
   Ref made;
   if (names_font_file(name)) {
-    made = host::call_method(host::engine_value("Res"_name), "GetFont"_name, name, size, bold,
-                             italic);
+    made =
+        host::call_method(host::engine_value("Res"_name), "GetFont"_name, name, size, bold, italic);
   } else {
     made = host::call(host::modules::font["SysFont"_name], name, size, bold, italic);
   }
@@ -59,7 +59,8 @@ void GUI_Label::CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObj
   write(strikethrough, strike);
   host::call_method(made, "set_underline"_name, underline);
   // Older versions of pygame cannot strike text through.
-  if (Ref setter = host::find_attr(made.get(), "set_strikethrough"_name)) host::call(setter, strike);
+  if (Ref setter = host::find_attr(made.get(), "set_strikethrough"_name))
+    host::call(setter, strike);
 }
 
 void GUI_Label::SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a) {
@@ -99,8 +100,8 @@ void GUI_Label::drawText(PyObject* screen, PyObject* given, PyObject* color) {
     return;
   }
   // Rotated text turns with the widget, about its centre, and is cut at its edges.
-  Ref sheet = render::new_alpha_surface(
-      host::tuple(number(width).truncated(), number(height).truncated()));
+  Ref sheet =
+      render::new_alpha_surface(host::tuple(number(width).truncated(), number(height).truncated()));
   Ref zero = host::integer(0);
   host::call_method(sheet, "fill"_name, host::tuple(zero, zero, zero, zero));
   render::blit(sheet.get(), picture, left, top, Py_None);
@@ -155,14 +156,22 @@ void register_label(PyObject* module) {
       .attribute("textVisible", &GUI_Label::textVisible, "whether the text is drawn")
       .attribute("showChar", &GUI_Label::showChar, "character shown in place of each one, or none");
   builder.constructor<&GUI_Label::construct>(
-      {{"parent", nullptr}, {"x", 0}, {"y", 0}, {"text", ""}, {"fontname", "Arial"},
+      {{"parent", nullptr},
+       {"x", 0},
+       {"y", 0},
+       {"text", ""},
+       {"fontname", "Arial"},
        {"fontsize", 16}},
       "An image widget with one line of text.\n\n`fontname` is a system font, or a \".ttf\" or "
       "\".otf\" file that `Res` finds; `fontsize` is in pixels.");
   builder
       .method<&GUI_Label::CreateFont>(
           "CreateFont",
-          {"fontname", "fontsize", {"bold", false}, {"italic", false}, {"underline", false},
+          {"fontname",
+           "fontsize",
+           {"bold", false},
+           {"italic", false},
+           {"underline", false},
            {"strikethrough", false}},
           "Make and use a system font or, with \".ttf\" or \".otf\" in the name, a font file of "
           "the resources.\n\nRaises AttributeError when `Res` does not find the file.")

@@ -15,11 +15,11 @@ namespace tessora::host {
 // A default value as it is written in a declaration.
 struct Literal {
   enum class Kind : std::uint8_t { kNone, kBool, kInteger, kReal, kText };
-  Literal(std::nullptr_t) : kind(Kind::kNone) {}                              // NOLINT
-  Literal(bool value) : kind(Kind::kBool), integer(value ? 1 : 0) {}          // NOLINT
-  Literal(int value) : kind(Kind::kInteger), integer(value) {}                // NOLINT
-  Literal(double value) : kind(Kind::kReal), real(value) {}                   // NOLINT
-  Literal(const char* value) : kind(Kind::kText), text(value) {}              // NOLINT
+  Literal(std::nullptr_t) : kind(Kind::kNone) {}                      // NOLINT
+  Literal(bool value) : kind(Kind::kBool), integer(value ? 1 : 0) {}  // NOLINT
+  Literal(int value) : kind(Kind::kInteger), integer(value) {}        // NOLINT
+  Literal(double value) : kind(Kind::kReal), real(value) {}           // NOLINT
+  Literal(const char* value) : kind(Kind::kText), text(value) {}      // NOLINT
   [[nodiscard]] Ref object() const;
   Kind kind;
   int integer = 0;
@@ -83,8 +83,8 @@ struct MemberFunction<Result (Class::*)(Args...)> {
   }
 };
 template <class Result, class Class, class... Args>
-struct MemberFunction<Result (Class::*)(Args...) const> : MemberFunction<Result (Class::*)(Args...)> {
-};
+struct MemberFunction<Result (Class::*)(Args...) const>
+    : MemberFunction<Result (Class::*)(Args...)> {};
 
 template <auto Function>
 using Traits = MemberFunction<decltype(Function)>;

@@ -10,7 +10,9 @@ namespace {
 
 PyObject* view_type = nullptr;
 
-Object& viewed(const Ref& node) { return *static_cast<Object*>(node.get()); }
+Object& viewed(const Ref& node) {
+  return *static_cast<Object*>(node.get());
+}
 
 Ref node_of(PyObject* view) {
   Ref node = take(PyObject_GetAttr(view, "_node"_name));
@@ -208,8 +210,8 @@ PyObject* directory(PyObject* self, PyObject*) {
     Ref names = call_method(reinterpret_cast<PyObject*>(&PyBaseObject_Type), "__dir__"_name, self);
     if (PyObject* own = static_cast<Object*>(self)->own_attributes) {
       Ref keys = take(PyDict_Keys(own));
-      check(PyList_SetSlice(names.get(), PyList_GET_SIZE(names.get()),
-                            PyList_GET_SIZE(names.get()), keys.get()));
+      check(PyList_SetSlice(names.get(), PyList_GET_SIZE(names.get()), PyList_GET_SIZE(names.get()),
+                            keys.get()));
     }
     return names.release();
   });

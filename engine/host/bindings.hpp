@@ -27,8 +27,7 @@ PyObject* call_without_arguments(PyObject* self, PyObject*) {
 // Reads only: nothing that was computed before loses its truth.
 template <Native Function>
 PyObject* call_getter(PyObject* self, PyObject*) {
-  return guarded<PyObject*>(
-      nullptr, [&] { return Function(entered(self), nullptr).release(); });
+  return guarded<PyObject*>(nullptr, [&] { return Function(entered(self), nullptr).release(); });
 }
 
 template <Native Function, std::size_t Arity>
@@ -37,7 +36,7 @@ PyObject* call_with_arguments(PyObject* self, PyObject* const* args, Py_ssize_t 
   return guarded<PyObject*>(nullptr, [&] {
     script_ran();
     Object& object = entered(self);
-    if (kwnames == nullptr && count == static_cast<Py_ssize_t>(Arity)) {
+    if (kwnames == nullptr && std::cmp_equal(count, Arity)) {
       return Function(object, args).release();
     }
     PyObject* bound[Arity] = {};

@@ -117,7 +117,9 @@ bool is_set(PyObject* value) {
   return rich_compare(value, Py_None, Py_NE);
 }
 
-bool equals(PyObject* left, PyObject* right) { return rich_compare(left, right, Py_EQ); }
+bool equals(PyObject* left, PyObject* right) {
+  return rich_compare(left, right, Py_EQ);
+}
 
 Ref get_item(PyObject* container, PyObject* key) {
   bool plain = is_plain_container(container) && is_plain_key(key);

@@ -45,7 +45,8 @@ Ref call_method(const Receiver& receiver, PyObject* name, const Args&... args) {
   return result;
 }
 
-// For calls of pygame's own functions and methods with pygame's own objects: no script runs in them.
+// For calls of pygame's own functions and methods with pygame's own objects: no script runs in
+// them.
 template <class Callable, class... Args>
 Ref call_library(const Callable& callable, const Args&... args) {
   PyObject* array[sizeof...(Args) + 2] = {nullptr, raw(args)...};
@@ -59,7 +60,9 @@ Ref call_library_method(const Receiver& receiver, PyObject* name, const Args&...
 }
 
 Ref get_attr(PyObject* object, PyObject* name);
-inline Ref get_attr(const Ref& object, PyObject* name) { return get_attr(object.get(), name); }
+inline Ref get_attr(const Ref& object, PyObject* name) {
+  return get_attr(object.get(), name);
+}
 void set_attr(PyObject* object, PyObject* name, PyObject* value);
 
 // The attribute, or an empty reference when the object has none of that name.
@@ -70,14 +73,24 @@ bool is_true(PyObject* value);
 bool equals_true(PyObject* value);
 bool equals_false(PyObject* value);
 bool is_set(PyObject* value);
-inline bool is_true(const Ref& value) { return is_true(value.get()); }
-inline bool equals_true(const Ref& value) { return equals_true(value.get()); }
-inline bool equals_false(const Ref& value) { return equals_false(value.get()); }
-inline bool is_set(const Ref& value) { return is_set(value.get()); }
+inline bool is_true(const Ref& value) {
+  return is_true(value.get());
+}
+inline bool equals_true(const Ref& value) {
+  return equals_true(value.get());
+}
+inline bool equals_false(const Ref& value) {
+  return equals_false(value.get());
+}
+inline bool is_set(const Ref& value) {
+  return is_set(value.get());
+}
 
 // The host's `==`.
 bool equals(PyObject* left, PyObject* right);
-inline bool is_text(PyObject* value, PyObject* name) { return value == name || equals(value, name); }
+inline bool is_text(PyObject* value, PyObject* name) {
+  return value == name || equals(value, name);
+}
 
 // Item `key` of a mapping or sequence; the host's error when there is none.
 Ref get_item(PyObject* container, PyObject* key);
@@ -88,6 +101,8 @@ Py_ssize_t length(PyObject* container);
 
 // Writes a line to the host's standard output, as its print function does.
 void print_line(PyObject* text);
-inline void print_line(const Ref& line) { print_line(line.get()); }
+inline void print_line(const Ref& line) {
+  print_line(line.get());
+}
 
 }  // namespace tessora::host

@@ -24,14 +24,17 @@ struct ClassValue : PyObject {
 
 PyTypeObject* class_value_type = nullptr;
 
-ClassValue& class_value(PyObject* object) noexcept { return *static_cast<ClassValue*>(object); }
+ClassValue& class_value(PyObject* object) noexcept {
+  return *static_cast<ClassValue*>(object);
+}
 
 PyObject* class_value_get(PyObject* self, PyObject* instance, PyObject*) {
   ClassValue& mine = class_value(self);
   if (instance != nullptr && instance != Py_None) {
     PyObject* descriptor = mine.descriptor;
-    PyObject* found = Py_TYPE(descriptor)->tp_descr_get(
-        descriptor, instance, reinterpret_cast<PyObject*>(Py_TYPE(instance)));
+    PyObject* found =
+        Py_TYPE(descriptor)
+            ->tp_descr_get(descriptor, instance, reinterpret_cast<PyObject*>(Py_TYPE(instance)));
     if (found != nullptr || PyErr_ExceptionMatches(PyExc_AttributeError) == 0) return found;
     PyErr_Clear();
   }
@@ -266,9 +269,9 @@ void ClassBuilderBase::finish(PyObject* module, std::string doc) {
   if (info_.base == nullptr) {
     tables_->members.push_back({"__dictoffset__", T_PYSSIZET,
                                 static_cast<Py_ssize_t>(sizeof(PyObject)), READONLY, nullptr});
-    tables_->members.push_back(
-        {"__weaklistoffset__", T_PYSSIZET,
-         static_cast<Py_ssize_t>(sizeof(PyObject) + sizeof(PyObject*)), READONLY, nullptr});
+    tables_->members.push_back({"__weaklistoffset__", T_PYSSIZET,
+                                static_cast<Py_ssize_t>(sizeof(PyObject) + sizeof(PyObject*)),
+                                READONLY, nullptr});
   }
 #endif
   tables_->members.push_back({nullptr, 0, 0, 0, nullptr});
@@ -283,10 +286,8 @@ void ClassBuilderBase::finish(PyObject* module, std::string doc) {
   slots_.push_back({0, nullptr});
   PyType_Spec spec = {keep(std::string("Tessora.") + name_), static_cast<int>(size_), 0,
                       Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_HAVE_GC, slots_.data()};
-  Ref bases =
-      info_.base == nullptr
-          ? tuple(reinterpret_cast<PyObject*>(&PyBaseObject_Type))
-          : tuple(reinterpret_cast<PyObject*>(info_.base->type));
+  Ref bases = info_.base == nullptr ? tuple(reinterpret_cast<PyObject*>(&PyBaseObject_Type))
+                                    : tuple(reinterpret_cast<PyObject*>(info_.base->type));
   Ref made = take(PyType_FromSpecWithBases(&spec, bases.get()));
   auto* type = reinterpret_cast<PyTypeObject*>(made.get());
 #if PY_VERSION_HEX < 0x03090000

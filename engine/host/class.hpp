@@ -22,7 +22,7 @@ struct Attribute {
 struct ClassInfo {
   PyTypeObject* type = nullptr;
   const ClassInfo* base = nullptr;
-  std::vector<Attribute> attributes;  // the base's first, in the order of construction
+  std::vector<Attribute> attributes;   // the base's first, in the order of construction
   std::vector<PyObject*> descriptors;  // of the attributes, in the same order
   std::vector<Attribute> hidden;       // the engine's own: neither attributes nor copied
 
@@ -60,8 +60,9 @@ template <class Class>
 void deallocate_class(PyObject* self) {
   PyTypeObject* type = Py_TYPE(self);
   PyObject_GC_UnTrack(self);
-  Py_TRASHCAN_BEGIN(self, deallocate_class<Class>)
-  if (static_cast<Object*>(self)->weak_references != nullptr) PyObject_ClearWeakRefs(self);
+  Py_TRASHCAN_BEGIN(
+      self, deallocate_class<Class>) if (static_cast<Object*>(self)->weak_references != nullptr)
+      PyObject_ClearWeakRefs(self);
   clear(class_info<Class>, self);
   type->tp_free(self);
   Py_DECREF(type);

@@ -17,9 +17,9 @@ std::unordered_set<PyObject*> message_names;
 
 // The host's own limit may be raised by a script beyond what the machine's stack holds.
 #ifdef _WIN32
-constexpr std::ptrdiff_t kStackLimit = 900 * 1024;
+constexpr std::ptrdiff_t kStackLimit = std::ptrdiff_t{900} * 1024;
 #else
-constexpr std::ptrdiff_t kStackLimit = 4 * 1024 * 1024;
+constexpr std::ptrdiff_t kStackLimit = std::ptrdiff_t{4} * 1024 * 1024;
 #endif
 const char* stack_base = nullptr;
 PyThreadState* stack_owner = nullptr;
@@ -55,7 +55,9 @@ void Message::intern_names() {
   }
 }
 
-bool Message::exists(PyObject* name) { return message_names.count(name) != 0; }
+bool Message::exists(PyObject* name) {
+  return message_names.contains(name);
+}
 
 const Method* Message::resolve(TypeEntry& entry) const {
   PyObject* found = entry.hooked ? nullptr : _PyType_Lookup(entry.type, name_);

@@ -21,8 +21,8 @@ struct TypeEntry {
   PyTypeObject* type = nullptr;
   unsigned version = 0;
   const ClassInfo* engine_class = nullptr;  // null for types that are not the engine's
-  bool hooked = false;               // a script's __getattribute__ sees every look-up
-  bool properties_override = false;  // attributes are not read and written in place
+  bool hooked = false;                      // a script's __getattribute__ sees every look-up
+  bool properties_override = false;         // attributes are not read and written in place
   std::uint32_t sets_known = 0;   // one bit for each MessageSet: answered for this version
   std::uint32_t sets_direct = 0;  // and the answer
   std::array<const Method*, kMaxMessages> methods{};  // null until first asked for
@@ -147,7 +147,8 @@ class MessageSet {
 class RecursionGuard {
  public:
   RecursionGuard() {
-    if (++depth > limit || depth % kStackCheckInterval == 1) check_depth();
+    ++depth;
+    if (depth > limit || depth % kStackCheckInterval == 1) check_depth();
   }
   ~RecursionGuard() { --depth; }
   RecursionGuard(const RecursionGuard&) = delete;

@@ -7,7 +7,9 @@ namespace {
 constexpr std::int64_t kExactLimit = std::int64_t{1} << 53;
 constexpr std::int64_t kFactorLimit = std::int64_t{1} << 31;
 
-bool is_exact(std::int64_t value) noexcept { return value >= -kExactLimit && value <= kExactLimit; }
+bool is_exact(std::int64_t value) noexcept {
+  return value >= -kExactLimit && value <= kExactLimit;
+}
 bool is_factor(std::int64_t value) noexcept {
   return value > -kFactorLimit && value < kFactorLimit;
 }

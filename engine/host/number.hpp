@@ -88,8 +88,12 @@ class Number {
   Ref object_;
 };
 
-inline Number number(PyObject* value) { return Number(value); }
-inline Number number(const Ref& value) { return Number(value.get()); }
+inline Number number(PyObject* value) {
+  return Number(value);
+}
+inline Number number(const Ref& value) {
+  return Number(value.get());
+}
 
 // A position or size as pygame reads it for a rectangle: cut towards zero. False when the value is
 // not a plain number in range; pygame itself must then say what it makes of it.

@@ -38,10 +38,11 @@ struct Object : PyObject {
   // Reading gives an owned reference: a callback may replace the attribute while it is in use.
   // An unset attribute is the host's AttributeError.
   [[nodiscard]] Ref read(const Slot& slot) const {
-    if (properties_override || slot.object == nullptr) [[unlikely]] return read_slow(slot);
+    if (properties_override || slot.object == nullptr) [[unlikely]]
+      return read_slow(slot);
     return Ref::share(slot.object);
   }
-  [[nodiscard]] Ref read(LazySlot& slot) {
+  [[nodiscard]] Ref read(LazySlot& slot) const {
     if (is_default(slot)) materialise(slot);
     return read(static_cast<const Slot&>(slot));
   }
@@ -50,7 +51,8 @@ struct Object : PyObject {
 
   void write(Slot& slot, PyObject* value) {
     ++clocks.state;
-    if (properties_override) [[unlikely]] return write_slow(slot, value);
+    if (properties_override) [[unlikely]]
+      return write_slow(slot, value);
     PyObject* old = slot.object;
     Py_INCREF(value);
     slot.object = value;

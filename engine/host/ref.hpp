@@ -18,7 +18,11 @@ class Ref {
   Ref() = default;
   Ref(const Ref& other) noexcept : object_(other.object_) { Py_XINCREF(object_); }
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  Ref& operator=(Ref other) noexcept {
+  Ref& operator=(const Ref& other) noexcept {
+    Ref copy(other);
+    return *this = std::move(copy);
+  }
+  Ref& operator=(Ref&& other) noexcept {
     std::swap(object_, other.object_);
     return *this;
   }
@@ -56,14 +60,28 @@ inline Py_ssize_t check(Py_ssize_t status) {
   return status;
 }
 
-inline PyObject* raw(PyObject* object) noexcept { return object; }
-inline PyObject* raw(const Ref& ref) noexcept { return ref.get(); }
+inline PyObject* raw(PyObject* object) noexcept {
+  return object;
+}
+inline PyObject* raw(const Ref& ref) noexcept {
+  return ref.get();
+}
 
-inline Ref none() noexcept { return Ref::share(Py_None); }
-inline Ref boolean(bool value) noexcept { return Ref::share(value ? Py_True : Py_False); }
-inline Ref integer(long long value) { return take(PyLong_FromLongLong(value)); }
-inline Ref real(double value) { return take(PyFloat_FromDouble(value)); }
-inline Ref text(const char* value) { return take(PyUnicode_FromString(value)); }
+inline Ref none() noexcept {
+  return Ref::share(Py_None);
+}
+inline Ref boolean(bool value) noexcept {
+  return Ref::share(value ? Py_True : Py_False);
+}
+inline Ref integer(long long value) {
+  return take(PyLong_FromLongLong(value));
+}
+inline Ref real(double value) {
+  return take(PyFloat_FromDouble(value));
+}
+inline Ref text(const char* value) {
+  return take(PyUnicode_FromString(value));
+}
 
 template <class... Items>
 Ref tuple(const Items&... items) {

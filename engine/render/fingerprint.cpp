@@ -1,6 +1,7 @@
 #include "engine/render/fingerprint.hpp"
 
 #include <cstring>
+#include <utility>
 
 #if defined(__SSE2__) || defined(_M_X64)
 #include <emmintrin.h>
@@ -97,7 +98,7 @@ void add_bytes(Sums& sums, const unsigned char* from, std::size_t count) {
 Fingerprint fingerprint(const Pixels& pixels) {
   Sums sums;
   auto rows = static_cast<std::size_t>(pixels.rows);
-  if (pixels.pitch == static_cast<std::ptrdiff_t>(pixels.row_bytes)) {
+  if (std::cmp_equal(pixels.pitch, pixels.row_bytes)) {
     add_bytes(sums, pixels.address, pixels.row_bytes * rows);
     return sums.result();
   }

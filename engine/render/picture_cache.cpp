@@ -41,7 +41,7 @@ struct Source {
 };
 
 std::uint64_t mark_of(const Source& source, const PictureSpec& spec) {
-  std::uint64_t value = reinterpret_cast<std::uintptr_t>(source.surface);
+  auto value = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(source.surface));
   auto mix = [&](std::uint64_t part) {
     value = (value ^ part) * 0x9E3779B97F4A7C15ULL;
     value ^= value >> 29U;
@@ -143,7 +143,8 @@ bool PictureCache::verify_state(Source& source) {
   source.root = root_surface(source.surface);
   // A blit of a shared picture reads memory that another surface may be writing.
   source.alpha_format = source.root == source.surface && now->key == 0 &&
-                        (now->alpha == -1 || now->alpha == kOpaque) && has_alpha_format(source.surface, *now);
+                        (now->alpha == -1 || now->alpha == kOpaque) &&
+                        has_alpha_format(source.surface, *now);
   return true;
 }
 
@@ -188,7 +189,7 @@ void PictureCache::make_room() {
 bool PictureCache::is_wanted_again(const Source& source, const PictureSpec& spec) {
   constexpr std::size_t kGeneration = 16384;
   std::uint64_t mark = mark_of(source, spec);
-  if (asked_.count(mark) != 0 || asked_before_.count(mark) != 0) return true;
+  if (asked_.contains(mark) || asked_before_.contains(mark)) return true;
   if (asked_.size() >= kGeneration) {
     asked_before_.swap(asked_);
     asked_.clear();

@@ -9,10 +9,10 @@ namespace tessora::render {
 struct PictureSpec {
   int width;
   int height;
-  double angle;          // degrees; 0 is not rotated
-  int alpha;             // 0 to 255
-  bool tinted;           // multiplied by `color`
-  std::uint32_t color;   // 0xRRGGBBAA
+  double angle;         // degrees; 0 is not rotated
+  int alpha;            // 0 to 255
+  bool tinted;          // multiplied by `color`
+  std::uint32_t color;  // 0xRRGGBBAA
   bool operator==(const PictureSpec&) const = default;
 };
 

@@ -36,8 +36,9 @@ std::uint64_t pack(const Ref& components) {
 const unsigned char* pixel_address(PyObject* surface) {
   static PyObject* const descriptor = _PyType_Lookup(Py_TYPE(surface), "_pixels_address"_name);
   if (descriptor == nullptr || Py_TYPE(descriptor)->tp_descr_get == nullptr) return nullptr;
-  Ref address = host::take(Py_TYPE(descriptor)->tp_descr_get(
-      descriptor, surface, reinterpret_cast<PyObject*>(Py_TYPE(surface))));
+  Ref address = host::take(
+      Py_TYPE(descriptor)
+          ->tp_descr_get(descriptor, surface, reinterpret_cast<PyObject*>(Py_TYPE(surface))));
   if (!PyLong_CheckExact(address.get())) return nullptr;
   return static_cast<const unsigned char*>(PyLong_AsVoidPtr(address.get()));
 }
@@ -93,7 +94,9 @@ PyObject* root_surface(PyObject* surface) {
 
 namespace {
 
-Ref masks_of(PyObject* surface) { return surface_call(surface, "get_masks"_name); }
+Ref masks_of(PyObject* surface) {
+  return surface_call(surface, "get_masks"_name);
+}
 
 struct Environment {
   std::uint64_t tick = 0;  // of the script clock
