@@ -19,8 +19,9 @@ struct Handle {
 };
 
 Handle handle_at(GameNode& node, int index, const Number& size) {
+  const int row_index = index / kColumns;
   Number column(0.5 * (index % kColumns));
-  Number row(0.5 * (index / kColumns));
+  Number row(0.5 * row_index);
   Number half = size * Number(0.5);
   return {node.number(node.WX) + node.number(node.width) * node.number(node.WSX) * column - half,
           node.number(node.WY) + node.number(node.height) * node.number(node.WSY) * row - half};

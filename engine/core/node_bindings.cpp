@@ -13,7 +13,7 @@ Ref find_entry(const Ref& table, PyObject* event) {
     if (found == nullptr && PyErr_Occurred() != nullptr) throw host::HostError();
     return Ref::share(found);
   }
-  if (!host::contains(table.get(), event)) return Ref();
+  if (!host::contains(table.get(), event)) return {};
   return host::get_item(table.get(), event);
 }
 

@@ -183,7 +183,7 @@ Ref GameNode::GetSizeRect() {
                     (number(height) * number(WSY)).object());
 }
 
-Ref GameNode::extreme_edge(const host::Message& edge, Number own, bool larger) {
+Ref GameNode::extreme_edge(const host::Message& edge, const Number& own, bool larger) {
   Ref result = own.object();
   if (!has_children()) return result;
   for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {

@@ -35,7 +35,7 @@ struct GameNode : host::Object {
     World values;
   } world_memo;
 
-  void construct(PyObject* parent, PyObject* x, PyObject* y);
+  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y);
 
   // Child list and lifecycle: scene_node.cpp
   void AddChild(PyObject* child);
@@ -125,7 +125,7 @@ struct GameNode : host::Object {
   const World* compute_world();
   void swap_children(PyObject* child, Py_ssize_t step);
   Ref offer_to_children(const host::Message& handler, PyObject* px, PyObject* py);
-  Ref extreme_edge(const host::Message& edge, Number own, bool larger);
+  Ref extreme_edge(const host::Message& edge, const Number& own, bool larger);
 };
 
 // The engine node behind a host object, or null.

@@ -11,8 +11,8 @@ struct GUI_Button : GUI_Label {
   LazySlot textColor_click, bgColor_click;
   Slot image_click;
 
-  void construct(PyObject* parent, PyObject* x, PyObject* y, PyObject* text, PyObject* fontname,
-                 PyObject* fontsize);
+  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y, PyObject* new_text,
+                 PyObject* font_name, PyObject* font_size);
 
   Ref OnPickDownFunction(PyObject* px, PyObject* py);
   Ref OnPickUpFunction(PyObject* px, PyObject* py);

@@ -20,7 +20,7 @@ struct GUI_Image : GameNode {
 
   Slot atlas_frames;  // frame name to surface, of the atlas read last; not for scripts
 
-  void construct(PyObject* parent, PyObject* x, PyObject* y);
+  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y);
 
   // Frames and state: image.cpp
   void SetImage(PyObject* files, PyObject* switch_delay);

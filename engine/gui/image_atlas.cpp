@@ -10,7 +10,7 @@ Ref find_key(const Ref& table, std::initializer_list<PyObject*> keys) {
   for (PyObject* key : keys) {
     if (host::contains(table.get(), key)) return host::get_item(table.get(), key);
   }
-  return Ref();
+  return {};
 }
 
 Ref part(const Ref& text, int index) {

@@ -11,14 +11,14 @@ struct GUI_Label : GUI_Image {
   LazySlot textColor;
   Slot HAlign, VAlign, textleftgap, texttopgap, textVisible, showChar;
 
-  void construct(PyObject* parent, PyObject* x, PyObject* y, PyObject* text, PyObject* fontname,
-                 PyObject* fontsize);
+  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y, PyObject* new_text,
+                 PyObject* font_name, PyObject* font_size);
 
   void CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObject* italic,
                   PyObject* underline, PyObject* strike);
   void SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a);
   void draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale);
-  void drawText(PyObject* screen, PyObject* shown, PyObject* color);
+  void drawText(PyObject* screen, PyObject* given, PyObject* color);
   void CopyTo(PyObject* other);
 
  private:

@@ -157,12 +157,12 @@ Py_ssize_t length(PyObject* container) {
   return size;
 }
 
-void print_line(PyObject* line) {
+void print_line(PyObject* text) {
   PyObject* out = PySys_GetObject("stdout");
   if (out == nullptr || out == Py_None) return;
   Ref held = Ref::share(out);
   script_ran();
-  check(PyFile_WriteObject(line, out, Py_PRINT_RAW));
+  check(PyFile_WriteObject(text, out, Py_PRINT_RAW));
   check(PyFile_WriteString("\n", out));
   script_ran();
 }
