@@ -111,11 +111,11 @@ class GameLayer:
     """
 
     sceneInstance: Any
-    """the owning scene, or none"""
+    """the owning scene, or None"""
     NodeType: str
-    """ "GameLayer" """
+    """kind of object, "GameLayer" """
     LayerName: str | None
-    """name in the scene's event methods, or none"""
+    """name in the scene's event methods, or None"""
     GameNodeDict: dict[int, GameNode]
     """instance number to node"""
     SortGameNodeInstanceIDArray: list[int]
@@ -147,18 +147,18 @@ class GameLayer:
     scrollSpeed: float
     """scroll speed, pixels per second"""
     scrollPosX: float
-    """scroll offset, pixels"""
+    """horizontal scroll offset, pixels"""
     scrollPosY: float
-    """scroll offset, pixels"""
+    """vertical scroll offset, pixels"""
     font: pygame.font.Font
     """font of the labels of debug points"""
 
     def __init__(self) -> None: ...
     def GetLayerName(self) -> str | None:
-        """Return `LayerName`: name in the scene's event methods, or none"""
+        """Return `LayerName`: name in the scene's event methods, or None"""
 
     def SetLayerName(self, name: str | None) -> None:
-        """Set `LayerName`: name in the scene's event methods, or none"""
+        """Set `LayerName`: name in the scene's event methods, or None"""
 
     def IsVisible(self) -> bool:
         """Return `visible`: whether the layer updates, draws, takes input"""
@@ -173,10 +173,10 @@ class GameLayer:
         """Set `scrollType` and `scrollSpeed`."""
 
     def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the owning scene, or none"""
+        """Return `sceneInstance`: the owning scene, or None"""
 
     def GetNodeType(self) -> str:
-        """Return `NodeType`: "GameLayer" """
+        """Return `NodeType`: kind of object, "GameLayer" """
 
     def AddGameNode(self, GameNode: GameNode, immMode: bool = True) -> int:
         """Register a node and return its instance number.
@@ -186,7 +186,7 @@ class GameLayer:
         """
 
     def GetGameNode(self, instanceID: int) -> GameNode | None:
-        """Return the node of that number, or none."""
+        """Return the node of that number, or None."""
 
     def ExistGameNode(self, instanceID: int) -> bool:
         """Return whether a node has that number."""
@@ -258,12 +258,12 @@ class GameLayer:
         """Call the scene's method "on_" + layer name + "_" + function name that is bound to the
         event.
 
-        `params` is a dictionary of keyword arguments. Returns the method's result, none when
+        `params` is a dictionary of keyword arguments. Returns the method's result, None when
         nothing is bound or the scene has no such method.
         """
 
     def CallInnerEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
-        """The same for a built-in event; see CallEvent."""
+        """Call the scene's method that is bound to a built-in event, as CallEvent does."""
 
     def AddPoint(self, pointName: str, pointType: Any, px: float, py: float) -> None:
         """Add a debug point at screen pixels `px`, `py`."""
@@ -288,13 +288,13 @@ class GameLayer:
         """Return `RectArray`: debug rectangles"""
 
     def DelPoint(self, index: int) -> None:
-        """Remove the shape at that position; other positions are ignored."""
+        """Remove the debug point at that position; positions out of range are ignored."""
 
     def DelLine(self, index: int) -> None:
-        """Remove the shape at that position; other positions are ignored."""
+        """Remove the debug line at that position; positions out of range are ignored."""
 
     def DelRect(self, index: int) -> None:
-        """Remove the shape at that position; other positions are ignored."""
+        """Remove the debug rectangle at that position; positions out of range are ignored."""
 
     def SetBindingEvent(self, eventName: str, functionName: str | None, functionCode: Any) -> None:
         """Bind the event to the scene's method that is named after `functionName`.
@@ -338,16 +338,16 @@ class GameLayer:
 class GameNode:
     """A placed object of the scene: position, scale, angle, size, children, events.
 
-    `parent` is the owning node or none, `x` and `y` place the anchor relative to the parent's
+    `parent` is the owning node or None, `x` and `y` place the anchor relative to the parent's
     top-left corner, in pixels.
     """
 
     NodeType: str
     """kind of node, "GameNode" here"""
     sceneInstance: Any
-    """the scene object, or none"""
+    """the scene object, or None"""
     parent: GameNode | None
-    """the owning node, or none"""
+    """the owning node, or None"""
     children: list[GameNode]
     """child nodes, the first drawn first"""
     sortIndex: int
@@ -365,15 +365,15 @@ class GameNode:
     InnerBindingEventArray: dict[str, list[Any]]
     """built-in events"""
     PickDownFunction: Callable[[Self], Any] | None
-    """called with the node when it is pressed, or none"""
+    """called with the node when it is pressed, or None"""
     Enable_PickDown: bool
     """whether presses are taken"""
     PickUpFunction: Callable[[Self], Any] | None
-    """called with the node on a release over it, or none"""
+    """called with the node on a release over it, or None"""
     Enable_PickUp: bool
     """whether releases are taken"""
     UpdateFunction: Callable[[float], Any] | None
-    """called with the delay on every update, or none"""
+    """called with the delay on every update, or None"""
     x: float
     """left position of the anchor in the parent, pixels"""
     y: float
@@ -395,9 +395,9 @@ class GameNode:
     instanceID: int
     """number in the layer, -1 for none"""
     visible: bool
-    """whether the subtree is drawn and hit"""
+    """whether the subtree is drawn and can be hit"""
     ActionPlayer: _ActionPlayer | None
-    """player of the node's actions, or none"""
+    """player of the node's actions, or None"""
     rectvisible: bool
     """draw the size rectangle"""
     anchorvisible: bool
@@ -417,7 +417,9 @@ class GameNode:
     clicked: bool
     """pressed at the moment"""
     CheckPickDownChild: bool
-    """false: the node answers for a child that takes a press or release"""
+    """whether a press or release that a child takes is answered with the child; if false, with the
+    node itself
+    """
     collisionType: int
     """kind of collision shape, -1 for none"""
     collisionInfo: Any
@@ -429,9 +431,9 @@ class GameNode:
     dragcornerindex: int
     """handle being dragged, negative for none"""
     dragbegin_x: float
-    """where a drag began, pixels"""
+    """x of the pointer where a drag began, pixels"""
     dragbegin_y: float
-    """where a drag began, pixels"""
+    """y of the pointer where a drag began, pixels"""
     focusIn: bool
     """has the keyboard focus"""
     userData: Any
@@ -521,10 +523,10 @@ class GameNode:
         """Set `height`: unscaled height, pixels"""
 
     def IsVisible(self) -> bool:
-        """Return `visible`: whether the subtree is drawn and hit"""
+        """Return `visible`: whether the subtree is drawn and can be hit"""
 
     def SetVisible(self, v: bool) -> None:
-        """Set `visible`: whether the subtree is drawn and hit"""
+        """Set `visible`: whether the subtree is drawn and can be hit"""
 
     def IsAnchorVisible(self) -> bool:
         """Return `anchorvisible`: draw the anchor marker"""
@@ -551,13 +553,13 @@ class GameNode:
         """Set `collisionType` and `collisionInfo`."""
 
     def GetCheckPickDownChild(self) -> bool:
-        """Return `CheckPickDownChild`: false: the node answers for a child that takes a press or
-        release
+        """Return `CheckPickDownChild`: whether a press or release that a child takes is answered
+        with the child; if false, with the node itself
         """
 
     def SetCheckPickDownChild(self, v: bool) -> None:
-        """Set `CheckPickDownChild`: false: the node answers for a child that takes a press or
-        release
+        """Set `CheckPickDownChild`: whether a press or release that a child takes is answered with
+        the child; if false, with the node itself
         """
 
     def GetUserData(self) -> Any:
@@ -579,7 +581,7 @@ class GameNode:
         """Set `instanceID`: number in the layer, -1 for none"""
 
     def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the scene object, or none"""
+        """Return `sceneInstance`: the scene object, or None"""
 
     def GetNodeType(self) -> str:
         """Return `NodeType`: kind of node, "GameNode" here"""
@@ -615,10 +617,10 @@ class GameNode:
         """Move `child` one step earlier in the list."""
 
     def GetParent(self) -> GameNode | None:
-        """Return `parent`: the owning node, or none"""
+        """Return `parent`: the owning node, or None"""
 
     def SetParent(self, p: GameNode | None) -> None:
-        """Set `parent` and, unless it is none, join its children.
+        """Set `parent` and, unless it is None, join its children.
 
         The node stays in the list of a previous parent, too.
         """
@@ -772,7 +774,7 @@ class GameNode:
         """
 
     def SetUpdateFunction(self, f: Callable[[float], Any] | None) -> None:
-        """Set `UpdateFunction`: called with the delay on every update, or none"""
+        """Set `UpdateFunction`: called with the delay on every update, or None"""
 
     def SetEditRectEnable(self, v: bool) -> None:
         """Set `editrectenable`: edit rectangle can be dragged"""
@@ -793,10 +795,10 @@ class GameNode:
         """Move or resize the node with the handle being dragged; the pointer is at `x`, `y`."""
 
     def SetPickDownFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickDownFunction`: called with the node when it is pressed, or none"""
+        """Set `PickDownFunction`: called with the node when it is pressed, or None"""
 
     def SetPickUpFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickUpFunction`: called with the node on a release over it, or none"""
+        """Set `PickUpFunction`: called with the node on a release over it, or None"""
 
     def EnablePickDownEvent(self, v: bool) -> None:
         """Set `Enable_PickDown`: whether presses are taken"""
@@ -815,13 +817,13 @@ class GameNode:
 
         Children are asked first, the topmost before the others; then a handle of the edit
         rectangle or the drawn rectangle takes it. Returns the node that took the press, or
-        none.
+        None.
         """
 
     def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
         """Handle a release at screen position `x`, `y` in pixels.
 
-        Returns the node that took the release, or none.
+        Returns the node that took the release, or None.
         """
 
     def OnKeyDownFunction(self, key: Hashable) -> None:
@@ -912,12 +914,12 @@ class GameNode:
     def CallEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
         """Call the scene's method "on_" + function name that is bound to the event.
 
-        `params` is a dictionary of keyword arguments. Returns the method's result, none when
+        `params` is a dictionary of keyword arguments. Returns the method's result, None when
         nothing is bound or the scene has no such method.
         """
 
     def CallInnerEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
-        """The same for a built-in event; see CallEvent."""
+        """Call the scene's method that is bound to a built-in event, as CallEvent does."""
 
 @_disjoint_base
 class GUI_Image(GameNode):
@@ -928,13 +930,13 @@ class GUI_Image(GameNode):
     """
 
     bgColor: pygame.Color | None
-    """tint or background colour, or none"""
+    """tint or background colour, or None"""
     alpha: float
     """opacity of the picture, 0 to 255"""
     image: pygame.Surface | None
-    """the current surface, or none"""
+    """the current surface, or None"""
     imageArray: list[pygame.Surface | None] | None
-    """the frames, or none"""
+    """the frames, or None"""
     imageFrameRectArray: dict[str, pygame.Rect]
     """frame name to its rectangle in the atlas"""
     imagefiles: _ImageFiles
@@ -950,11 +952,11 @@ class GUI_Image(GameNode):
     imageAutoSwitch: bool
     """frame animation on or off"""
     plistFile: str | None
-    """atlas that the frames came from, or none"""
+    """atlas that the frames came from, or None"""
     currActionName: str | None
-    """current animation, or none"""
+    """current animation, or None"""
     originalImage: GUI_Image | None
-    """widget that is mirrored, or none"""
+    """widget that is mirrored, or None"""
     autosize: bool
     """the size follows the picture"""
     blendtype: int
@@ -976,16 +978,16 @@ class GUI_Image(GameNode):
     coll_rectArray: dict[str, list[Any]]
     """collision rectangles: name to a list"""
     style: str | None
-    """ "flat", "raised", "sunken", "solid", "hollow" or none"""
+    """ "flat", "raised", "sunken", "solid", "hollow" or None"""
     enable: bool
     """accepts input"""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetImage(self) -> pygame.Surface | None:
-        """Return `image`: the current surface, or none"""
+        """Return `image`: the current surface, or None"""
 
     def GetOriginalImage(self) -> GUI_Image | None:
-        """Return `originalImage`: widget that is mirrored, or none"""
+        """Return `originalImage`: widget that is mirrored, or None"""
 
     def GetImageCount(self) -> int:
         """Return `imageCount`: number of frames"""
@@ -994,10 +996,10 @@ class GUI_Image(GameNode):
         """Return `imagefiles`: what SetImage was given"""
 
     def GetPlistFile(self) -> str | None:
-        """Return `plistFile`: atlas that the frames came from, or none"""
+        """Return `plistFile`: atlas that the frames came from, or None"""
 
     def GetCurrActionName(self) -> str | None:
-        """Return `currActionName`: current animation, or none"""
+        """Return `currActionName`: current animation, or None"""
 
     def GetImageAnchor(self) -> str:
         """Return `imageAnchor`: anchor keyword"""
@@ -1025,7 +1027,7 @@ class GUI_Image(GameNode):
 
     def SetImage(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
         """Set the picture: a file name, a list of files (the frames), an atlas (".plist"), a
-        surface, or none.
+        surface, or None.
 
         Files are loaded through `Res`; `switchdelay` is the time per frame in seconds. The
         running frame index is kept.
@@ -1051,7 +1053,7 @@ class GUI_Image(GameNode):
         """
 
     def GetBGColor(self) -> pygame.Color | None:
-        """Return `bgColor`: tint or background colour, or none"""
+        """Return `bgColor`: tint or background colour, or None"""
 
     def GetBorderColor(self) -> pygame.Color:
         """Return `borderColor`: border colour of the solid style"""
@@ -1069,7 +1071,7 @@ class GUI_Image(GameNode):
         """Set `borderVisible`: whether the border is drawn"""
 
     def GetStyle(self) -> str | None:
-        """Return `style`: "flat", "raised", "sunken", "solid", "hollow" or none"""
+        """Return `style`: "flat", "raised", "sunken", "solid", "hollow" or None"""
 
     def SetCollInfoVisible(self, flag: bool) -> None:
         """Set `coll_visible`: draw the collision rectangles"""
@@ -1144,7 +1146,7 @@ class GUI_Image(GameNode):
         """
 
     def drawBGColor(self, screen: pygame.Surface, bgColor: _ColorValue | None) -> None:
-        """Fill the drawn rectangle with a colour; none draws nothing."""
+        """Fill the drawn rectangle with a colour; None draws nothing."""
 
     def drawStyle(self, screen: pygame.Surface) -> None:
         """Draw the border of the style while `borderVisible` is true."""
@@ -1192,7 +1194,7 @@ class GUI_Label(GUI_Image):
     textVisible: bool
     """whether the text is drawn"""
     showChar: str | None
-    """character shown for every other, or none"""
+    """character shown in place of each one, or None"""
 
     def __init__(
         self,
@@ -1285,10 +1287,10 @@ class GUI_Label(GUI_Image):
         """Set `textVisible`: whether the text is drawn"""
 
     def GetShowChar(self) -> str | None:
-        """Return `showChar`: character shown for every other, or none"""
+        """Return `showChar`: character shown in place of each one, or None"""
 
     def SetShowChar(self, char: str | None) -> None:
-        """Set `showChar`: character shown for every other, or none"""
+        """Set `showChar`: character shown in place of each one, or None"""
 
     def drawText(self, screen: pygame.Surface, text: str, textColor: _ColorValue) -> None:
         """Draw a text in a colour inside the widget, aligned, scaled and rotated with it."""
@@ -1316,17 +1318,17 @@ class GUI_Button(GUI_Label):
     bgColor_hover: pygame.Color
     """background, pointer inside"""
     image_hover: pygame.Surface | None
-    """picture, pointer inside, or none"""
+    """picture, pointer inside, or None"""
     image_hover_File: str | None
-    """file of `image_hover`"""
+    """file name of the hovered state's picture, or None"""
     image_click_File: str | None
-    """file of `image_click`"""
+    """file name of the pressed state's picture, or None"""
     textColor_click: pygame.Color
     """text colour while pressed"""
     bgColor_click: pygame.Color
     """background while pressed"""
     image_click: pygame.Surface | None
-    """picture while pressed, or none"""
+    """picture while pressed, or None"""
 
     def __init__(
         self,
@@ -1341,13 +1343,13 @@ class GUI_Button(GUI_Label):
         """Return `clicked`: pressed at the moment"""
 
     def SetImage_Hover(self, imagefile: str) -> None:
-        """Load a picture for this state through `Res` and record its file."""
+        """Load the picture of the hovered state through `Res` and record its file."""
 
     def GetImage_Hover(self) -> pygame.Surface | None:
-        """Return `image_hover`: picture, pointer inside, or none"""
+        """Return `image_hover`: picture, pointer inside, or None"""
 
     def GetImageFile_Hover(self) -> str | None:
-        """Return `image_hover_File`: file of `image_hover`"""
+        """Return `image_hover_File`: file name of the hovered state's picture, or None"""
 
     def SetBGColor_Hover(self, r: int, g: int, b: int) -> None:
         """Set the opaque background of the hovered state."""
@@ -1362,13 +1364,13 @@ class GUI_Button(GUI_Label):
         """Return `textColor_hover`: text colour, pointer inside"""
 
     def SetImage_Click(self, imagefile: str) -> None:
-        """Load a picture for this state through `Res` and record its file."""
+        """Load the picture of the pressed state through `Res` and record its file."""
 
     def GetImage_Click(self) -> pygame.Surface | None:
-        """Return `image_click`: picture while pressed, or none"""
+        """Return `image_click`: picture while pressed, or None"""
 
     def GetImageFile_Click(self) -> str | None:
-        """Return `image_click_File`: file of `image_click`"""
+        """Return `image_click_File`: file name of the pressed state's picture, or None"""
 
     def SetBGColor_Click(self, r: int, g: int, b: int) -> None:
         """Set the opaque background of the pressed state."""

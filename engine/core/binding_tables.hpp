@@ -85,6 +85,9 @@ void declare_events_table(Builder& builder, const char* kind) {
 Ref call_bound_event(const Ref& table, const Ref& scene, PyObject* event, PyObject* params,
                      PyObject* layer_name);
 
+// The parameters of a pick event: a position on the screen.
+Ref point_params(PyObject* px, PyObject* py);
+
 // Whether a function is bound to the event of this name.
 bool is_bound(const Ref& table, PyObject* event);
 

@@ -184,7 +184,7 @@ void declare_registry(LayerBuilder& builder) {
           "Register a node and return its instance number.\n\nWith `immMode` true the node is in "
           "the layer at once, otherwise from the end of the next draw.")
       .method<&GameLayer::GetGameNode>("GetGameNode", {"instanceID"},
-                                       "Return the node of that number, or none.")
+                                       "Return the node of that number, or None.")
       .method<&GameLayer::ExistGameNode>("ExistGameNode", {"instanceID"},
                                          "Return whether a node has that number.")
       .accessors<&GameLayer::GameNodeDict>("GetAllGameNode", nullptr, "nodes")
@@ -210,9 +210,9 @@ void declare_registry(LayerBuilder& builder) {
 
 void register_layer(PyObject* module) {
   LayerBuilder builder("GameLayer", nullptr);
-  builder.attribute("sceneInstance", &GameLayer::sceneInstance, "the owning scene, or none")
+  builder.attribute("sceneInstance", &GameLayer::sceneInstance, "the owning scene, or None")
       .attribute("NodeType", &GameLayer::NodeType, "kind of object, \"GameLayer\"")
-      .attribute("LayerName", &GameLayer::LayerName, "name in the scene's event methods, or none")
+      .attribute("LayerName", &GameLayer::LayerName, "name in the scene's event methods, or None")
       .attribute("GameNodeDict", &GameLayer::GameNodeDict, "instance number to node")
       .attribute("SortGameNodeInstanceIDArray", &GameLayer::SortGameNodeInstanceIDArray,
                  "instance numbers in draw order")

@@ -88,23 +88,16 @@ bool forward(GameLayer& layer, const host::Message& handler, Args... args) {
   return true;
 }
 
-Ref position(PyObject* px, PyObject* py) {
-  Ref params = host::take(PyDict_New());
-  host::check(PyDict_SetItem(params.get(), "px"_name, px));
-  host::check(PyDict_SetItem(params.get(), "py"_name, py));
-  return params;
-}
-
 }  // namespace
 
 void GameLayer::OnPickDownFunction(PyObject* px, PyObject* py) {
   if (!forward(*this, message::OnPickDownFunction, px, py)) return;
-  raise_inner_event("PickDown"_name, position(px, py).get());
+  raise_inner_event("PickDown"_name, point_params(px, py).get());
 }
 
 void GameLayer::OnPickUpFunction(PyObject* px, PyObject* py) {
   if (!forward(*this, message::OnPickUpFunction, px, py)) return;
-  raise_inner_event("PickUp"_name, position(px, py).get());
+  raise_inner_event("PickUp"_name, point_params(px, py).get());
 }
 
 void GameLayer::OnKeyDownFunction(PyObject* key) {
@@ -189,7 +182,7 @@ void declare_layer_frame(LayerBuilder& builder) {
           "CallEvent", {"eventName", {"params", nullptr}},
           "Call the scene's method \"on_\" + layer name + \"_\" + function name that is bound to "
           "the event.\n\n`params` is a dictionary of keyword arguments. Returns the method's "
-          "result, none when nothing is bound or the scene has no such method.")
+          "result, None when nothing is bound or the scene has no such method.")
       .method<&GameLayer::CallInnerEvent>(
           "CallInnerEvent", {"eventName", {"params", nullptr}},
           "Call the scene's method that is bound to a built-in event, as CallEvent does.");

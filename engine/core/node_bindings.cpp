@@ -58,6 +58,13 @@ PyObject* make_layer_events() {
   return make_events(7, &layer_event);
 }
 
+Ref point_params(PyObject* px, PyObject* py) {
+  Ref params = host::take(PyDict_New());
+  host::check(PyDict_SetItem(params.get(), "px"_name, px));
+  host::check(PyDict_SetItem(params.get(), "py"_name, py));
+  return params;
+}
+
 bool is_bound(const Ref& table, PyObject* event) {
   Ref entry = find_entry(table, event);
   return entry && host::is_set(function_name(entry));
@@ -120,7 +127,7 @@ void declare_bindings(NodeBuilder& builder) {
       .method<&GameNode::CallEvent>(
           "CallEvent", {"eventName", {"params", nullptr}},
           "Call the scene's method \"on_\" + function name that is bound to the event.\n\n"
-          "`params` is a dictionary of keyword arguments. Returns the method's result, none when "
+          "`params` is a dictionary of keyword arguments. Returns the method's result, None when "
           "nothing is bound or the scene has no such method.")
       .method<&GameNode::CallInnerEvent>(
           "CallInnerEvent", {"eventName", {"params", nullptr}},

@@ -7,13 +7,6 @@ namespace tessora {
 
 namespace {
 
-Ref point_params(PyObject* px, PyObject* py) {
-  Ref params = host::take(PyDict_New());
-  host::check(PyDict_SetItem(params.get(), "px"_name, px));
-  host::check(PyDict_SetItem(params.get(), "py"_name, py));
-  return params;
-}
-
 void run_key_function(GameNode& node, LazySlot& table, PyObject* key) {
   bool hashable = PyUnicode_CheckExact(key) || PyLong_CheckExact(key);
   if (hashable && node.is_default(table)) return;
@@ -143,11 +136,11 @@ void declare_events(NodeBuilder& builder) {
           "OnPickDownFunction", {"x", "y"},
           "Handle a press at screen position `x`, `y` in pixels.\n\nChildren are asked first, the "
           "topmost before the others; then a handle of the edit rectangle or the drawn rectangle "
-          "takes it. Returns the node that took the press, or none.")
+          "takes it. Returns the node that took the press, or None.")
       .method<&GameNode::OnPickUpFunction>(
           "OnPickUpFunction", {"x", "y"},
           "Handle a release at screen position `x`, `y` in pixels.\n\nReturns the node that took "
-          "the release, or none.")
+          "the release, or None.")
       .method<&GameNode::OnKeyDownFunction>("OnKeyDownFunction", {"key"},
                                             "Run the callable registered for the pressed key.")
       .method<&GameNode::OnKeyUpFunction>("OnKeyUpFunction", {"key"},

@@ -250,7 +250,7 @@ void declare_tree(NodeBuilder& builder) {
       .accessors<&GameNode::parent>("GetParent", nullptr, "p")
       .method<&GameNode::SetParent>(
           "SetParent", {"p"},
-          "Set `parent` and, unless it is none, join its children.\n\nThe node stays in the list "
+          "Set `parent` and, unless it is None, join its children.\n\nThe node stays in the list "
           "of a previous parent, too.")
       .method<&GameNode::OnLoad>("OnLoad", {"sceneInstance"},
                                  "Store the scene and tell it to the whole subtree.")
@@ -285,8 +285,8 @@ int set_position(PyObject* self, PyObject* value, void*) {
 void register_scene_node(PyObject* module) {
   NodeBuilder builder("GameNode", nullptr);
   builder.attribute("NodeType", &GameNode::NodeType, "kind of node, \"GameNode\" here")
-      .attribute("sceneInstance", &GameNode::sceneInstance, "the scene object, or none")
-      .attribute("parent", &GameNode::parent, "the owning node, or none")
+      .attribute("sceneInstance", &GameNode::sceneInstance, "the scene object, or None")
+      .attribute("parent", &GameNode::parent, "the owning node, or None")
       .attribute("children", &GameNode::children, "child nodes, the first drawn first")
       .attribute("sortIndex", &GameNode::sortIndex, "place in the parent's children")
       .attribute("KeyDownFunctionDict", &GameNode::KeyDownFunctionDict, "key to press callback")
@@ -296,13 +296,13 @@ void register_scene_node(PyObject* module) {
       .attribute("BindingPointArray", &GameNode::BindingPointArray, "named attachment points")
       .attribute("InnerBindingEventArray", &GameNode::InnerBindingEventArray, "built-in events")
       .attribute("PickDownFunction", &GameNode::PickDownFunction,
-                 "called with the node when it is pressed, or none")
+                 "called with the node when it is pressed, or None")
       .attribute("Enable_PickDown", &GameNode::Enable_PickDown, "whether presses are taken")
       .attribute("PickUpFunction", &GameNode::PickUpFunction,
-                 "called with the node on a release over it, or none")
+                 "called with the node on a release over it, or None")
       .attribute("Enable_PickUp", &GameNode::Enable_PickUp, "whether releases are taken")
       .attribute("UpdateFunction", &GameNode::UpdateFunction,
-                 "called with the delay on every update, or none")
+                 "called with the delay on every update, or None")
       .attribute("x", &GameNode::x, "left position of the anchor in the parent, pixels")
       .attribute("y", &GameNode::y, "top position of the anchor in the parent, pixels")
       .attribute("sx", &GameNode::sx, "horizontal scale factor")
@@ -314,7 +314,7 @@ void register_scene_node(PyObject* module) {
       .attribute("anchory", &GameNode::anchory, "anchor as a fraction of the height")
       .attribute("instanceID", &GameNode::instanceID, "number in the layer, -1 for none")
       .attribute("visible", &GameNode::visible, "whether the subtree is drawn and can be hit")
-      .attribute("ActionPlayer", &GameNode::ActionPlayer, "player of the node's actions, or none")
+      .attribute("ActionPlayer", &GameNode::ActionPlayer, "player of the node's actions, or None")
       .attribute("rectvisible", &GameNode::rectvisible, "draw the size rectangle")
       .attribute("anchorvisible", &GameNode::anchorvisible, "draw the anchor marker")
       .attribute("lock_xysa", &GameNode::lock_xysa, "freeze the cached world values")
@@ -343,7 +343,7 @@ void register_scene_node(PyObject* module) {
   builder.constructor<&GameNode::construct>(
       {"parent", {"x", 0}, {"y", 0}},
       "A placed object of the scene: position, scale, angle, size, children, events.\n\n"
-      "`parent` is the owning node or none, `x` and `y` place the anchor relative to the parent's "
+      "`parent` is the owning node or None, `x` and `y` place the anchor relative to the parent's "
       "top-left corner, in pixels.");
   host::add_object_protocol(builder);
   builder.accessors<&GameNode::x>("GetX", "SetX", "x")

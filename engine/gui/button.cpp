@@ -136,14 +136,14 @@ void register_button(PyObject* module) {
   host::ClassBuilder<GUI_Button> builder("GUI_Button", &host::class_info<GUI_Label>);
   builder.attribute("textColor_hover", &GUI_Button::textColor_hover, "text colour, pointer inside")
       .attribute("bgColor_hover", &GUI_Button::bgColor_hover, "background, pointer inside")
-      .attribute("image_hover", &GUI_Button::image_hover, "picture, pointer inside, or none")
+      .attribute("image_hover", &GUI_Button::image_hover, "picture, pointer inside, or None")
       .attribute("image_hover_File", &GUI_Button::image_hover_File,
-                 "file name of the hovered state's picture, or none")
+                 "file name of the hovered state's picture, or None")
       .attribute("image_click_File", &GUI_Button::image_click_File,
-                 "file name of the pressed state's picture, or none")
+                 "file name of the pressed state's picture, or None")
       .attribute("textColor_click", &GUI_Button::textColor_click, "text colour while pressed")
       .attribute("bgColor_click", &GUI_Button::bgColor_click, "background while pressed")
-      .attribute("image_click", &GUI_Button::image_click, "picture while pressed, or none");
+      .attribute("image_click", &GUI_Button::image_click, "picture while pressed, or None");
   builder.constructor<&GUI_Button::construct>(
       {{"parent", nullptr},
        {"x", 0},

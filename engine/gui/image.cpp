@@ -198,7 +198,7 @@ void declare_frames(ImageBuilder& builder) {
       .method<&GUI_Image::SetImage>(
           "SetImage", {"imagefiles", {"switchdelay", 0.1}},
           "Set the picture: a file name, a list of files (the frames), an atlas (\".plist\"), a "
-          "surface, or none.\n\nFiles are loaded through `Res`; `switchdelay` is the time per "
+          "surface, or None.\n\nFiles are loaded through `Res`; `switchdelay` is the time per "
           "frame in seconds. The running frame index is kept.")
       .method<&GUI_Image::UseImage>(
           "UseImage", {"originalImage", "autoSize"},
@@ -222,10 +222,10 @@ void declare_frames(ImageBuilder& builder) {
 
 void register_image(PyObject* module) {
   ImageBuilder builder("GUI_Image", &host::class_info<GameNode>);
-  builder.attribute("bgColor", &GUI_Image::bgColor, "tint or background colour, or none")
+  builder.attribute("bgColor", &GUI_Image::bgColor, "tint or background colour, or None")
       .attribute("alpha", &GUI_Image::alpha, "opacity of the picture, 0 to 255")
-      .attribute("image", &GUI_Image::image, "the current surface, or none")
-      .attribute("imageArray", &GUI_Image::imageArray, "the frames, or none")
+      .attribute("image", &GUI_Image::image, "the current surface, or None")
+      .attribute("imageArray", &GUI_Image::imageArray, "the frames, or None")
       .attribute("imageFrameRectArray", &GUI_Image::imageFrameRectArray,
                  "frame name to its rectangle in the atlas")
       .attribute("imagefiles", &GUI_Image::imagefiles, "what SetImage was given")
@@ -234,9 +234,9 @@ void register_image(PyObject* module) {
       .attribute("imageDelay", &GUI_Image::imageDelay, "time towards the next frame, seconds")
       .attribute("imageSwitchDelay", &GUI_Image::imageSwitchDelay, "time per frame, seconds")
       .attribute("imageAutoSwitch", &GUI_Image::imageAutoSwitch, "frame animation on or off")
-      .attribute("plistFile", &GUI_Image::plistFile, "atlas that the frames came from, or none")
-      .attribute("currActionName", &GUI_Image::currActionName, "current animation, or none")
-      .attribute("originalImage", &GUI_Image::originalImage, "widget that is mirrored, or none")
+      .attribute("plistFile", &GUI_Image::plistFile, "atlas that the frames came from, or None")
+      .attribute("currActionName", &GUI_Image::currActionName, "current animation, or None")
+      .attribute("originalImage", &GUI_Image::originalImage, "widget that is mirrored, or None")
       .attribute("autosize", &GUI_Image::autosize, "the size follows the picture")
       .attribute("blendtype", &GUI_Image::blendtype, "blend flag of the picture's blit")
       .attribute("borderwidth", &GUI_Image::borderwidth, "border thickness, pixels")
@@ -249,7 +249,7 @@ void register_image(PyObject* module) {
       .attribute("coll_rectArray", &GUI_Image::coll_rectArray,
                  "collision rectangles: name to a list")
       .attribute("style", &GUI_Image::style,
-                 "\"flat\", \"raised\", \"sunken\", \"solid\", \"hollow\" or none")
+                 "\"flat\", \"raised\", \"sunken\", \"solid\", \"hollow\" or None")
       .attribute("enable", &GUI_Image::enable, "accepts input")
       .hidden(&GUI_Image::atlas_frames);
   builder.constructor<&GUI_Image::construct>(

@@ -8,7 +8,7 @@ namespace {
 constexpr int kOpaque = 255;
 constexpr int kHandleSize = 6;
 
-using render::PictureSpec;
+using render::PictureRecipe;
 
 const host::MessageSet& overlay_messages() {
   static const host::MessageSet set{
@@ -47,32 +47,32 @@ std::optional<PlainBox> plain_box(GUI_Image& widget) {
 }
 
 // What the picture is made of, when machine numbers are all it takes.
-std::optional<PictureSpec> picture_spec(GUI_Image& widget, const PlainBox& box, int opacity) {
-  PictureSpec spec{0, 0, 0.0, opacity, false, 0};
+std::optional<PictureRecipe> picture_recipe(GUI_Image& widget, const PlainBox& box, int opacity) {
+  PictureRecipe recipe{0, 0, 0.0, opacity, false, 0};
   double angle = 0.0;
   if (widget.WAngle.object == nullptr || !PyFloat_CheckExact(widget.WAngle.object)) {
     return std::nullopt;
   }
   angle = PyFloat_AS_DOUBLE(widget.WAngle.object);
   if (!std::isfinite(angle)) return std::nullopt;
-  if (angle != 0.0) spec.angle = angle;
-  if (!host::rect_integer(box.width * box.scale_x, spec.width) ||
-      !host::rect_integer(box.height * box.scale_y, spec.height)) {
+  if (angle != 0.0) recipe.angle = angle;
+  if (!host::rect_integer(box.width * box.scale_x, recipe.width) ||
+      !host::rect_integer(box.height * box.scale_y, recipe.height)) {
     return std::nullopt;
   }
   constexpr std::uint32_t kWhite = 0xFFFFFFFF;
   if (widget.is_default(widget.bgColor)) {
-    spec.tinted = true;
-    spec.color = kWhite;
-    return spec;
+    recipe.tinted = true;
+    recipe.color = kWhite;
+    return recipe;
   }
   Ref color = widget.read(widget.bgColor);
-  if (color.get() == Py_None) return spec;
+  if (color.get() == Py_None) return recipe;
   std::optional<std::uint32_t> packed = render::plain_color(color.get());
   if (!packed) return std::nullopt;
-  spec.tinted = true;
-  spec.color = *packed;
-  return spec;
+  recipe.tinted = true;
+  recipe.color = *packed;
+  return recipe;
 }
 
 // Draws a kept picture, if there is one.
@@ -81,9 +81,9 @@ bool draw_kept(GUI_Image& widget, PyObject* screen, PyObject* picture, int opaci
   if (!render::is_plain_surface(picture) || !render::is_plain_surface(screen)) return false;
   std::optional<PlainBox> box = plain_box(widget);
   if (!box) return false;
-  std::optional<PictureSpec> spec = picture_spec(widget, *box, opacity);
-  if (!spec) return false;
-  std::optional<render::Picture> kept = render::kept_picture(picture, *spec, screen);
+  std::optional<PictureRecipe> recipe = picture_recipe(widget, *box, opacity);
+  if (!recipe) return false;
+  std::optional<render::Picture> kept = render::kept_picture(picture, *recipe, screen);
   if (!kept) return false;
   Ref surface = Ref::share(kept->surface);
   render::blit_plain(screen, surface.get(),
@@ -210,7 +210,7 @@ void declare_image_drawing(ImageBuilder& builder) {
           "the drawn rectangle.")
       .method<&GUI_Image::drawBGColor>(
           "drawBGColor", {"screen", "bgColor"},
-          "Fill the drawn rectangle with a colour; none draws nothing.")
+          "Fill the drawn rectangle with a colour; None draws nothing.")
       .method<&GUI_Image::drawStyle>("drawStyle", {"screen"},
                                      "Draw the border of the style while `borderVisible` is true.")
       .method<&GUI_Image::drawFocusBorder>("drawFocusBorder", {"screen"},

@@ -154,7 +154,7 @@ void register_label(PyObject* module) {
       .attribute("textleftgap", &GUI_Label::textleftgap, "distance from the left edge, pixels")
       .attribute("texttopgap", &GUI_Label::texttopgap, "distance from the top edge, pixels")
       .attribute("textVisible", &GUI_Label::textVisible, "whether the text is drawn")
-      .attribute("showChar", &GUI_Label::showChar, "character shown in place of each one, or none");
+      .attribute("showChar", &GUI_Label::showChar, "character shown in place of each one, or None");
   builder.constructor<&GUI_Label::construct>(
       {{"parent", nullptr},
        {"x", 0},

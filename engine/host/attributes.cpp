@@ -234,9 +234,10 @@ PyObject* lazy_default(PyObject* (*make)()) {
   if (lazy_default_type == nullptr) {
     static PyType_Slot slots[] = {
         {Py_tp_dealloc, reinterpret_cast<void*>(&lazy_default_deallocate)}, {0, nullptr}};
-    static PyType_Spec spec = {"Tessora._LazyDefault", static_cast<int>(sizeof(LazyDefault)), 0,
-                               Py_TPFLAGS_DEFAULT, slots};
-    lazy_default_type = reinterpret_cast<PyTypeObject*>(take(PyType_FromSpec(&spec)).release());
+    static PyType_Spec blueprint = {"Tessora._LazyDefault", static_cast<int>(sizeof(LazyDefault)),
+                                    0, Py_TPFLAGS_DEFAULT, slots};
+    lazy_default_type =
+        reinterpret_cast<PyTypeObject*>(take(PyType_FromSpec(&blueprint)).release());
   }
   Ref made = take(lazy_default_type->tp_alloc(lazy_default_type, 0));
   static_cast<LazyDefault*>(made.get())->make = make;

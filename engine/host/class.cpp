@@ -79,9 +79,9 @@ PyTypeObject* make_class_value_type() {
       {Py_tp_dealloc, reinterpret_cast<void*>(&class_value_deallocate)},
       {0, nullptr},
   };
-  static PyType_Spec spec = {"Tessora._ClassValue", static_cast<int>(sizeof(ClassValue)), 0,
-                             Py_TPFLAGS_DEFAULT | Py_TPFLAGS_HAVE_GC, slots};
-  return reinterpret_cast<PyTypeObject*>(take(PyType_FromSpec(&spec)).release());
+  static PyType_Spec blueprint = {"Tessora._ClassValue", static_cast<int>(sizeof(ClassValue)), 0,
+                                  Py_TPFLAGS_DEFAULT | Py_TPFLAGS_HAVE_GC, slots};
+  return reinterpret_cast<PyTypeObject*>(take(PyType_FromSpec(&blueprint)).release());
 }
 
 void wrap_class_value(PyTypeObject* type, PyObject* name, PyObject* descriptor, PyObject* value) {
@@ -284,11 +284,12 @@ void ClassBuilderBase::finish(PyObject* module, std::string doc) {
   const char* doc_text = keep(std::move(doc));
   add_slot(Py_tp_doc, const_cast<char*>(doc_text));
   slots_.push_back({0, nullptr});
-  PyType_Spec spec = {keep(std::string("Tessora.") + name_), static_cast<int>(size_), 0,
-                      Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_HAVE_GC, slots_.data()};
+  PyType_Spec blueprint = {keep(std::string("Tessora.") + name_), static_cast<int>(size_), 0,
+                           Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_HAVE_GC,
+                           slots_.data()};
   Ref bases = info_.base == nullptr ? tuple(reinterpret_cast<PyObject*>(&PyBaseObject_Type))
                                     : tuple(reinterpret_cast<PyObject*>(info_.base->type));
-  Ref made = take(PyType_FromSpecWithBases(&spec, bases.get()));
+  Ref made = take(PyType_FromSpecWithBases(&blueprint, bases.get()));
   auto* type = reinterpret_cast<PyTypeObject*>(made.get());
 #if PY_VERSION_HEX < 0x03090000
   if (info_.base == nullptr) {

@@ -15,7 +15,7 @@ namespace {
 constexpr int kOpaque = 255;
 
 struct Kept {
-  PictureSpec spec;
+  PictureRecipe recipe;
   Ref surface;
   int width;
   int height;
@@ -40,22 +40,22 @@ struct Source {
   std::vector<Kept> pictures;
 };
 
-std::uint64_t mark_of(const Source& source, const PictureSpec& spec) {
+std::uint64_t mark_of(const Source& source, const PictureRecipe& recipe) {
   auto value = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(source.surface));
   auto mix = [&](std::uint64_t part) {
     value = (value ^ part) * 0x9E3779B97F4A7C15ULL;
     value ^= value >> 29U;
   };
-  mix(static_cast<std::uint64_t>(spec.width) << 32U | static_cast<std::uint32_t>(spec.height));
-  mix(std::bit_cast<std::uint64_t>(spec.angle));
-  mix(static_cast<std::uint64_t>(spec.alpha) << 33U |
-      static_cast<std::uint64_t>(spec.tinted) << 32U | spec.color);
+  mix(static_cast<std::uint64_t>(recipe.width) << 32U | static_cast<std::uint32_t>(recipe.height));
+  mix(std::bit_cast<std::uint64_t>(recipe.angle));
+  mix(static_cast<std::uint64_t>(recipe.alpha) << 33U |
+      static_cast<std::uint64_t>(recipe.tinted) << 32U | recipe.color);
   return value;
 }
 
 class PictureCache {
  public:
-  std::optional<Picture> find(PyObject* surface, const PictureSpec& spec, PyObject* screen);
+  std::optional<Picture> find(PyObject* surface, const PictureRecipe& recipe, PyObject* screen);
   void forget(PyObject* death_watch);
 
  private:
@@ -64,8 +64,8 @@ class PictureCache {
   bool verify_pixels(Source& source);
   void drop_pictures(Source& source);
   void make_room();
-  bool is_wanted_again(const Source& source, const PictureSpec& spec);
-  std::optional<Picture> make(Source& source, const PictureSpec& spec);
+  bool is_wanted_again(const Source& source, const PictureRecipe& recipe);
+  std::optional<Picture> make(Source& source, const PictureRecipe& recipe);
   const PyObject* screen_root(PyObject* screen);
 
   std::unordered_map<PyObject*, Source> sources_;
@@ -100,11 +100,11 @@ Ref watch(PyObject* surface) {
   return host::take(PyWeakref_NewRef(surface, callback));
 }
 
-bool is_identity(const Source& source, const PictureSpec& spec) {
+bool is_identity(const Source& source, const PictureRecipe& recipe) {
   constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-  return source.alpha_format && spec.angle == 0.0 && spec.alpha == kOpaque &&
-         spec.width == source.state.width && spec.height == source.state.height &&
-         (!spec.tinted || (spec.color == kWhite && white_is_identity()));
+  return source.alpha_format && recipe.angle == 0.0 && recipe.alpha == kOpaque &&
+         recipe.width == source.state.width && recipe.height == source.state.height &&
+         (!recipe.tinted || (recipe.color == kWhite && white_is_identity()));
 }
 
 Source& PictureCache::source_of(PyObject* surface) {
@@ -186,9 +186,9 @@ void PictureCache::make_room() {
   }
 }
 
-bool PictureCache::is_wanted_again(const Source& source, const PictureSpec& spec) {
+bool PictureCache::is_wanted_again(const Source& source, const PictureRecipe& recipe) {
   constexpr std::size_t kGeneration = 16384;
-  std::uint64_t mark = mark_of(source, spec);
+  std::uint64_t mark = mark_of(source, recipe);
   if (asked_.contains(mark) || asked_before_.contains(mark)) return true;
   if (asked_.size() >= kGeneration) {
     asked_before_.swap(asked_);
@@ -207,30 +207,31 @@ const PyObject* PictureCache::screen_root(PyObject* screen) {
   return screen_root_;
 }
 
-std::optional<Picture> PictureCache::make(Source& source, const PictureSpec& spec) {
-  if (!is_wanted_again(source, spec) || !verify_pixels(source)) return std::nullopt;
+std::optional<Picture> PictureCache::make(Source& source, const PictureRecipe& recipe) {
+  if (!is_wanted_again(source, recipe) || !verify_pixels(source)) return std::nullopt;
   const std::uint64_t before = host::clocks.script;
   Ref image = Ref::share(source.surface);
-  if (spec.alpha != kOpaque) image = faded(image.get(), host::integer(spec.alpha).get());
+  if (recipe.alpha != kOpaque) image = faded(image.get(), host::integer(recipe.alpha).get());
   Ref color = host::none();
-  if (spec.tinted) {
-    color = host::tuple(host::integer(spec.color >> 24U), host::integer(spec.color >> 16U & 255U),
-                        host::integer(spec.color >> 8U & 255U), host::integer(spec.color & 255U));
+  if (recipe.tinted) {
+    color =
+        host::tuple(host::integer(recipe.color >> 24U), host::integer(recipe.color >> 16U & 255U),
+                    host::integer(recipe.color >> 8U & 255U), host::integer(recipe.color & 255U));
   }
-  Ref size = host::tuple(host::integer(spec.width), host::integer(spec.height));
-  Ref picture = finished(image.get(), size, Number(spec.angle), color.get());
+  Ref size = host::tuple(host::integer(recipe.width), host::integer(recipe.height));
+  Ref picture = finished(image.get(), size, Number(recipe.angle), color.get());
   // pygame's own functions ran, nothing else: what was verified still is.
   host::clocks.script = before;
   if (!is_plain_surface(picture.get())) return std::nullopt;
   std::optional<SurfaceState> made = read_state(picture.get());
   if (!made) return std::nullopt;
   if (bytes_ >= kPictureCacheBytes) make_room();
-  source.pictures.push_back({spec, picture, made->width, made->height, ++draws_});
+  source.pictures.push_back({recipe, picture, made->width, made->height, ++draws_});
   bytes_ += source.pictures.back().bytes();
   return Picture{picture.get(), made->width, made->height};
 }
 
-std::optional<Picture> PictureCache::find(PyObject* surface, const PictureSpec& spec,
+std::optional<Picture> PictureCache::find(PyObject* surface, const PictureRecipe& recipe,
                                           PyObject* screen) {
   std::uint64_t number = environment();
   if (number == 0) return std::nullopt;
@@ -246,21 +247,22 @@ std::optional<Picture> PictureCache::find(PyObject* surface, const PictureSpec& 
   Source& source = source_of(surface);
   // What is drawn onto changes while it is drawn onto.
   if (!verify_state(source) || source.root == screen_root(screen)) return std::nullopt;
-  if (is_identity(source, spec)) return Picture{surface, spec.width, spec.height};
+  if (is_identity(source, recipe)) return Picture{surface, recipe.width, recipe.height};
   if (!source.pictures.empty()) verify_pixels(source);
   for (Kept& kept : source.pictures) {
-    if (!(kept.spec == spec)) continue;
+    if (!(kept.recipe == recipe)) continue;
     kept.last_drawn = ++draws_;
     return Picture{kept.surface.get(), kept.width, kept.height};
   }
-  return make(source, spec);
+  return make(source, recipe);
 }
 
 }  // namespace
 
-std::optional<Picture> kept_picture(PyObject* source, const PictureSpec& spec, PyObject* screen) {
-  if (spec.width <= 0 || spec.height <= 0) return std::nullopt;
-  return the_cache().find(source, spec, screen);
+std::optional<Picture> kept_picture(PyObject* source, const PictureRecipe& recipe,
+                                    PyObject* screen) {
+  if (recipe.width <= 0 || recipe.height <= 0) return std::nullopt;
+  return the_cache().find(source, recipe, screen);
 }
 
 }  // namespace tessora::render

@@ -6,14 +6,14 @@
 namespace tessora::render {
 
 // What a picture is made of, beside its source.
-struct PictureSpec {
+struct PictureRecipe {
   int width;
   int height;
   double angle;         // degrees; 0 is not rotated
   int alpha;            // 0 to 255
   bool tinted;          // multiplied by `color`
   std::uint32_t color;  // 0xRRGGBBAA
-  bool operator==(const PictureSpec&) const = default;
+  bool operator==(const PictureRecipe&) const = default;
 };
 
 struct Picture {
@@ -27,6 +27,7 @@ inline constexpr std::size_t kPictureCacheBytes = std::size_t{256} << 20U;
 
 // The finished picture for a source drawn onto `screen`, pixel by pixel what faded() and finished()
 // give; nothing when those must be followed themselves.
-std::optional<Picture> kept_picture(PyObject* source, const PictureSpec& spec, PyObject* screen);
+std::optional<Picture> kept_picture(PyObject* source, const PictureRecipe& recipe,
+                                    PyObject* screen);
 
 }  // namespace tessora::render
