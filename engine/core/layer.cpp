@@ -3,6 +3,7 @@
 
 #include "engine/core/binding_tables.hpp"
 #include "engine/host/attributes.hpp"
+#include "engine/host/fonts.hpp"
 
 namespace tessora {
 
@@ -26,8 +27,10 @@ void GameLayer::construct() {
   for (Slot* number : {&scrollType, &scrollSpeed, &scrollPosX, &scrollPosY}) {
     write(*number, Number(0));
   }
-  write(font, host::call(host::modules::font["SysFont"_name], host::text("Arial"),
-                         host::integer(18), Py_False, Py_False));
+  Ref label_font = host::call(host::modules::font["SysFont"_name], host::text("Arial"),
+                              host::integer(18), Py_False, Py_False);
+  host::note_font(label_font.get());
+  write(font, label_font);
 }
 
 Ref GameLayer::fresh_keys() {

@@ -1,5 +1,6 @@
 // Debug shapes of a layer: labelled points, lines and rectangles in screen coordinates.
 #include "engine/core/layer.hpp"
+#include "engine/host/fonts.hpp"
 
 namespace tessora {
 
@@ -25,6 +26,7 @@ void draw_point(const Ref& shape, PyObject* screen, const Ref& color, const Ref&
   Ref marker =
       host::tuple(left.object(), top.object(), host::integer(kMarker), host::integer(kMarker));
   host::call(host::modules::draw["rect"_name], screen, color, marker, host::integer(0));
+  host::check_font(font.get());
   Ref label = host::call_method(font, "render"_name, point_text(px, py), Py_True, color);
   label = host::call_method(label, "convert_alpha"_name);
   Ref place = host::tuple((left + Number(kMarker + kLineWidth)).object(), top.object());

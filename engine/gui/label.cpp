@@ -1,5 +1,7 @@
 #include "engine/gui/label.hpp"
 
+#include "engine/host/fonts.hpp"
+
 namespace tessora {
 
 namespace {
@@ -50,6 +52,7 @@ void GUI_Label::CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObj
   } else {
     made = host::call(host::modules::font["SysFont"_name], name, size, bold, italic);
   }
+  if (host::is_set(made)) host::note_font(made.get());
   write(font, made);
   write(fontname, name);
   write(fontsize, size);
@@ -61,6 +64,12 @@ void GUI_Label::CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObj
   // Older versions of pygame cannot strike text through.
   if (Ref setter = host::find_attr(made.get(), "set_strikethrough"_name))
     host::call(setter, strike);
+}
+
+void GUI_Label::SetFont(PyObject* ready, PyObject* name) {
+  write(font, ready);
+  write(fontname, name);
+  host::note_font(read(font).get());
 }
 
 void GUI_Label::SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a) {
@@ -81,6 +90,7 @@ void GUI_Label::drawText(PyObject* screen, PyObject* given, PyObject* color) {
   Ref shown = displayed(read(showChar), given);
   if (host::length(shown.get()) == 0) return;
   Ref type = read(font);
+  host::check_font(type.get());
   Ref size = host::call_method(type, "size"_name, shown);
   Ref picture = host::call_method(type, "render"_name, shown, Py_True, tint);
   picture = host::call_method(picture, "convert_alpha"_name);
@@ -175,7 +185,8 @@ void register_label(PyObject* module) {
            {"strikethrough", false}},
           "Make and use a system font or, with \".ttf\" or \".otf\" in the name, a font file of "
           "the resources.\n\nRaises AttributeError when `Res` does not find the file.")
-      .accessors<&GUI_Label::font, &GUI_Label::fontname>(nullptr, "SetFont", "font", "fontname")
+      .method<&GUI_Label::SetFont>("SetFont", {"font", "fontname"},
+                                   "Use a ready font; its size and flags are not read.")
       .accessors<&GUI_Label::font>("GetFont", nullptr, "font")
       .accessors<&GUI_Label::fontname>("GetFontName", nullptr, "name")
       .accessors<&GUI_Label::fontsize>("GetFontSize", nullptr, "size")

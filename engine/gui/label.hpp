@@ -16,6 +16,7 @@ struct GUI_Label : GUI_Image {
 
   void CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObject* italic,
                   PyObject* underline, PyObject* strike);
+  void SetFont(PyObject* ready, PyObject* name);
   void SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a);
   void draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale);
   void drawText(PyObject* screen, PyObject* given, PyObject* color);

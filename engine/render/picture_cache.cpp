@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "engine/host/weak.hpp"
 #include "engine/render/source_state.hpp"
 
 namespace tessora::render {
@@ -87,17 +88,8 @@ PictureCache& the_cache() {
   return *cache;
 }
 
-PyObject* surface_died(PyObject*, PyObject* death_watch) {
-  return host::guarded<PyObject*>(nullptr, [&] {
-    the_cache().forget(death_watch);
-    return host::none().release();
-  });
-}
-
-Ref watch(PyObject* surface) {
-  static PyMethodDef definition = {"surface_died", &surface_died, METH_O, nullptr};
-  static PyObject* const callback = host::take(PyCFunction_New(&definition, nullptr)).release();
-  return host::take(PyWeakref_NewRef(surface, callback));
+void surface_died(PyObject* death_watch) {
+  the_cache().forget(death_watch);
 }
 
 bool is_identity(const Source& source, const PictureRecipe& recipe) {
@@ -110,7 +102,7 @@ bool is_identity(const Source& source, const PictureRecipe& recipe) {
 Source& PictureCache::source_of(PyObject* surface) {
   auto found = sources_.find(surface);
   if (found != sources_.end()) return found->second;
-  Ref death_watch = watch(surface);
+  Ref death_watch = host::watch_death<&surface_died>(surface);
   watched_[death_watch.get()] = surface;
   Source& source = sources_[surface];
   source.surface = surface;

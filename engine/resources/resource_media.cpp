@@ -1,4 +1,5 @@
 // Music, sounds and fonts by file name.
+#include "engine/host/fonts.hpp"
 #include "engine/host/modules.hpp"
 #include "engine/host/paths.hpp"
 #include "engine/resources/resource_manager.hpp"
@@ -53,6 +54,7 @@ Ref ResourceManager::GetFont(PyObject* name, PyObject* size, PyObject* bold, PyO
   if (!host::is_set(path)) return host::none();
   Ref make = host::get_attr(host::modules::pygame["font"_name], "Font"_name);
   Ref font = host::call(make, host::openable_path(path.get()), size);
+  host::note_font(font.get());
   if (host::equals_true(bold)) host::call_method(font, "set_bold"_name, Py_True);
   if (host::equals_true(italic)) host::call_method(font, "set_italic"_name, Py_True);
   return font;
