@@ -12,36 +12,29 @@ LOOK.update(angle=0.0, anchorx=0.0, anchory=0.0, alpha=255, bgColor=WHITE, style
 LOOK["blendtype"] = pygame.BLEND_MULT
 
 
+# A surface of reproducible random pixels; 8-bit ones get a random palette too.
 def noise(size, seed, flags=pygame.SRCALPHA, depth=32):
-    """A surface of reproducible random pixels; 8-bit ones get a random palette too."""
     rng = random.Random(seed)
     surface = pygame.Surface(size, flags, depth)
     if depth == 8:
         surface.set_palette([[rng.randrange(256) for _ in range(3)] for _ in range(256)])
-    buffer = surface.get_buffer()
-    if buffer.length:
-        buffer.write(rng.getrandbits(8 * buffer.length).to_bytes(buffer.length, "little"), 0)
+    length = surface.get_buffer().length
+    if length:
+        surface.get_buffer().write(rng.getrandbits(8 * length).to_bytes(length, "little"), 0)
     return surface
 
 
 @lru_cache(maxsize=None)
-def ground(size, seed):
-    return pygame.image.tobytes(noise(size, seed, 0, 32), "RGB")
-
-
-def scenery(surface, seed=7):
-    """Fill the whole surface with noise, so that every misplaced or missing pixel shows."""
-    size = surface.get_size()
-    surface.blit(pygame.image.frombytes(ground(size, seed), size, "RGB"), (0, 0))
-    return surface
+def ground(size):
+    return noise(size, 7, 0, 32)
 
 
 def pixels(surface):
     return surface.get_size(), pygame.image.tobytes(surface, "RGBA")
 
 
+# None, or the type of the exception raised.
 def outcome(function, *args):
-    """None, or the type of the exception raised."""
     try:
         function(*args)
     except Exception as error:
@@ -61,28 +54,20 @@ def faded(image, alpha):
     return multiplied(image.get_size(), (255, 255, 255, alpha), image, onto_color=True)
 
 
+# World values of a root node with the given look, seen through the camera.
 class Place:
-    """World values of a root node with the given look, seen through the camera."""
-
     def __init__(self, look, camera=CAMERA):
         offset_x, offset_y, scale = camera
-        self.WSX = 1.0 * look["sx"] * scale
-        self.WSY = 1.0 * look["sy"] * scale
+        self.WSX, self.WSY = 1.0 * look["sx"] * scale, 1.0 * look["sy"] * scale
         self.WAngle = 0.0 + look["angle"]
-        left = 0.0 + look["x"] - look["anchorx"] * look["width"] * look["sx"]
-        top = 0.0 + look["y"] - look["anchory"] * look["height"] * look["sy"]
-        self.WX = left * scale + offset_x
-        self.WY = top * scale + offset_y
-        self.width = look["width"]
-        self.height = look["height"]
+        self.width, self.height = look["width"], look["height"]
+        left = 0.0 + look["x"] - look["anchorx"] * self.width * look["sx"]
+        top = 0.0 + look["y"] - look["anchory"] * self.height * look["sy"]
+        self.WX, self.WY = left * scale + offset_x, top * scale + offset_y
+        self.rect = self.WX, self.WY, self.width * self.WSX, self.height * self.WSY
 
-    @property
     def size(self):
         return int(self.width * self.WSX), int(self.height * self.WSY)
-
-    @property
-    def rect(self):
-        return self.WX, self.WY, self.width * self.WSX, self.height * self.WSY
 
     def corner(self, picture):
         width, height = picture.get_size()
@@ -90,9 +75,9 @@ class Place:
         return left, self.WY + self.height / 2 * self.WSY - height / 2
 
 
+# The scaled, turned and tinted picture, ready to be blitted.
 def finished(place, image, color):
-    """The scaled, turned and tinted picture, ready to be blitted."""
-    picture = pygame.transform.smoothscale(image, place.size)
+    picture = pygame.transform.smoothscale(image, place.size())
     if place.WAngle != 0:
         picture = pygame.transform.rotozoom(picture, place.WAngle, 1)
     picture = picture.convert_alpha()
@@ -101,35 +86,29 @@ def finished(place, image, color):
     return multiplied(picture.get_size(), color, picture, onto_color=False)
 
 
-def draw_image(target, place, image, color, blendtype=pygame.BLEND_MULT):
-    picture = finished(place, image, color)
-    flags = {} if blendtype == pygame.BLEND_MULT else {"special_flags": blendtype}
-    target.blit(picture, place.corner(picture), **flags)
-
-
 def draw_background(target, place, color):
-    if color is None:
-        return
     if place.WAngle == 0:
         pygame.draw.rect(target, color, place.rect, 0)
         return
-    block = pygame.Surface(place.size).convert_alpha()
-    block.fill(color)
-    block = pygame.transform.rotozoom(block, place.WAngle, 1)
+    white = pygame.Surface(place.size()).convert_alpha()
+    white.fill(color)
+    block = pygame.transform.rotozoom(white, place.WAngle, 1)
     target.blit(block, place.corner(block))
 
 
+# The picture of a root image widget without border and overlays.
 def draw_widget(target, camera=CAMERA, place=None, **changes):
-    """The picture of a root image widget without border and overlays."""
     look = dict(LOOK, **changes)
     place = place or Place(look, camera)
     image, alpha = look["image"], look["alpha"]
     if image is None:
-        if look["style"] != "hollow":
+        if look["style"] != "hollow" and look["bgColor"] is not None:
             draw_background(target, place, look["bgColor"])
     elif look["style"] is not None and look["blendtype"] is not None:
         image = image if alpha == 255 else faded(image, alpha)
-        draw_image(target, place, image, look["bgColor"], look["blendtype"])
+        picture, blend = finished(place, image, look["bgColor"]), look["blendtype"]
+        flags = {} if blend == pygame.BLEND_MULT else {"special_flags": blend}
+        target.blit(picture, place.corner(picture), **flags)
 
 
 def dress(widget, **changes):
@@ -138,34 +117,33 @@ def dress(widget, **changes):
     return widget
 
 
+# Equal pixel by pixel; names the first difference.
 def assert_same(got, expected):
-    """Equal pixel by pixel; names the first difference."""
-    if pixels(got) == pixels(expected):
-        return
-    assert got.get_size() == expected.get_size()
-    for y in range(got.get_height()):
-        for x in range(got.get_width()):
-            assert got.get_at((x, y)) == expected.get_at((x, y)), f"at {x}, {y}"
+    if pixels(got) != pixels(expected):
+        places = [(x, y) for y in range(got.get_height()) for x in range(got.get_width())]
+        assert [(p, got.get_at(p)) for p in places] == [(p, expected.get_at(p)) for p in places]
 
 
+# Draw the widget on the screen and compare with what expected(surface) paints on a copy.
 def assert_draws(widget, screen, expected, camera=CAMERA):
-    """Draw the widget on the screen and compare with what expected(surface) paints on a copy."""
     reference = screen.copy()
+    reference.set_clip(screen.get_clip())
     wanted = outcome(expected, reference)
     assert outcome(widget.draw, screen, *camera) == wanted
     assert_same(screen, reference)
 
 
+# Dress the widget, draw it on scenery and compare with the plain calls.
 def assert_widget(widget, screen, camera=CAMERA, place=None, **changes):
-    """Dress the widget, draw it on scenery and compare with the plain calls."""
     dress(widget, **changes)
     look = {name: getattr(widget, name) for name in LOOK}
-    scenery(screen)
+    # Noise, so that every misplaced or missing pixel shows.
+    screen.blit(ground(screen.get_size()), (0, 0))
     assert_draws(widget, screen, lambda target: draw_widget(target, camera, place, **look), camera)
 
 
+# The smallest rectangle holding everything that is not background.
 def ink_box(surface, background):
-    """The smallest rectangle holding everything that is not background."""
     probe = pygame.Surface(surface.get_size(), 0, 32)
     probe.blit(surface, (0, 0))
     probe.set_colorkey(background)

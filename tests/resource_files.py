@@ -1,8 +1,6 @@
 """Small resource files for tests, and scripts run in a process of their own."""
 
 import os
-import plistlib
-import textwrap
 import wave
 
 import pygame
@@ -16,25 +14,18 @@ def native(path):
 def write_file(path, data=b""):
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_bytes(data)
-    return path
 
 
 def write_png(path, surface=None):
-    path.parent.mkdir(parents=True, exist_ok=True)
-    pygame.image.save(surface or pygame.Surface((4, 4), pygame.SRCALPHA), str(path))
-    return path
+    write_file(path)
+    pygame.image.save(surface or pygame.Surface((8, 8), pygame.SRCALPHA), str(path))
 
 
 def write_wav(path, seconds=20):
-    path.parent.mkdir(parents=True, exist_ok=True)
+    write_file(path)
     with wave.open(str(path), "wb") as sound:
         sound.setparams((1, 2, 11025, 0, "NONE", "not compressed"))
         sound.writeframes(bytes(range(64)) * (seconds * 11025 * 2 // 64))
-    return path
-
-
-def write_plist(path, root):
-    return write_file(path, plistlib.dumps(root, sort_keys=False))
 
 
 def default_font_file():
@@ -57,6 +48,6 @@ def run_isolated(body, *args, timeout=90):
     A crash or a hang ends that process instead of the test run.
     """
     arguments = f"sys.argv[1:] = {[str(arg) for arg in args]!r}\n"
-    done = run_script(PRELUDE + arguments + textwrap.dedent(body), timeout=timeout)
+    done = run_script(PRELUDE + arguments + body, timeout=timeout)
     assert done.returncode == 0, f"exit code {done.returncode}\n{done.stderr[-3000:]}"
     return done.stdout

@@ -1,382 +1,192 @@
-"""The layer's registry, draw order, events and life cycle."""
+"""The layer's registry, draw order, scrolling and debug shapes."""
 
 import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder, Scene
-
-INNER = ["Load", "Update", "Render", "Destroy", "PickDown", "PickUp", "PickTile"]
-DEFAULTS = [
-    ("sceneInstance", None),
-    ("NodeType", "GameLayer"),
-    ("LayerName", None),
-    ("GameNodeDict", {}),
-    ("SortGameNodeInstanceIDArray", []),
-    ("GameNodeKeyArray", []),
-    ("AddGameNodeDict", {}),
-    ("DelGameNodeArray", []),
-    ("BindingEventArray", {}),
-    ("PointArray", []),
-    ("LineArray", []),
-    ("RectArray", []),
-    ("InnerBindingEventArray", {name: [None, []] for name in INNER}),
-    ("UserFunctionDict", {}),
-    ("instanceID", 0),
-    ("visible", True),
-    ("scrollType", 0),
-    ("scrollSpeed", 0),
-    ("scrollPosX", 0),
-    ("scrollPosY", 0),
-]
+from helpers import Recorder, Scene, ink, make_node
 
 
 @pytest.fixture
 def layer(screen):
-    return T.GameLayer()
+    layer = T.GameLayer()
+    layer.OnLoad(Scene((100, 50)))
+    return layer
 
 
-def fill(layer, count=3):
-    nodes = [T.GameNode(None) for _ in range(count)]
-    for node in nodes:
-        layer.AddGameNode(node)
+def fill(layer, count=3, **values):
+    nodes = [make_node(None, **values) for _ in range(count)]
+    assert [layer.AddGameNode(node) for node in nodes] == list(range(count))
     return nodes
 
 
-def test_attributes_in_order_with_their_defaults(layer):
-    assert list(vars(layer)) == [name for name, _ in DEFAULTS] + ["font"]
-    for name, value in DEFAULTS:
-        found = getattr(layer, name)
-        assert found == value and type(found) is type(value), name
-    other = T.GameLayer()
-    for name, value in DEFAULTS:
-        if isinstance(value, (list, dict)):
-            assert getattr(other, name) is not getattr(layer, name), name
-    with pytest.raises(TypeError):
-        T.GameLayer(None)
+def test_numbers_are_never_reused(layer, monkeypatch):
+    log, (_, second), third, inner = [], fill(layer, 2), make_node(), make_node()
 
+    def load(scene):
+        log.append((third.instanceID, layer.SortGameNodeInstanceIDArray[:]))
+        layer.AddGameNode(inner)
 
-def test_the_font_is_asked_for_at_construction(screen, monkeypatch):
-    calls = []
-    monkeypatch.setattr(pygame.font, "SysFont", lambda *args: calls.append(args) or "font")
-    assert T.GameLayer().font == "font"
-    assert calls == [("Arial", 18, False, False)]
-    pygame.font.quit()
-    monkeypatch.undo()
-    with pytest.raises(pygame.error):
-        T.GameLayer()
-    pygame.font.init()
-    assert T.GameLayer().font.get_height() > 0
-
-
-@pytest.mark.parametrize(
-    "getter, setter, arguments, attributes",
-    [
-        ("GetLayerName", "SetLayerName", ["name"], ["LayerName"]),
-        ("IsVisible", "SetVisible", ["v"], ["visible"]),
-        (
-            "GetAutoScroll",
-            "SetAutoScroll",
-            ["scrollType", "scrollSpeed"],
-            ["scrollType", "scrollSpeed"],
-        ),
-        ("GetSceneInstance", None, [], ["sceneInstance"]),
-        ("GetNodeType", None, [], ["NodeType"]),
-        ("GetAllGameNode", None, [], ["GameNodeDict"]),
-        ("GetPointArray", None, [], ["PointArray"]),
-        ("GetLineArray", None, [], ["LineArray"]),
-        ("GetRectArray", None, [], ["RectArray"]),
-    ],
-)
-def test_accessors(layer, getter, setter, arguments, attributes):
-    for keywords in (False, True):
-        values = [object() for _ in attributes]
-        if not setter:
-            setattr(layer, attributes[0], values[0])
-        elif keywords:
-            getattr(layer, setter)(**dict(zip(arguments, values)))
-        else:
-            assert getattr(layer, setter)(*values) is None
-        assert [getattr(layer, name) for name in attributes] == values
-        found = getattr(layer, getter)()
-        assert found == tuple(values) if len(values) > 1 else found is values[0]
-
-
-def test_numbers_are_never_reused(layer):
-    first, second, third = (T.GameNode(None) for _ in range(3))
-    assert layer.AddGameNode(first) == 0 and layer.AddGameNode(GameNode=second) == 1
-    assert (first.instanceID, second.GetInstanceID()) == (0, 1)
+    third.OnLoad = load
     layer.DelGameNode(0)
     layer.update(0)
-    assert layer.AddGameNode(third, immMode=True) == 2
-    assert layer.GetAllGameNode() == {1: second, 2: third}
-    assert layer.SortGameNodeInstanceIDArray == [1, 2] and layer.instanceID == 3
-    assert layer.GetGameNodeCount() == 2
+    assert layer.AddGameNode(GameNode=third, immMode=1.0) == 2
+    assert log == [(2, [1])] and inner.instanceID == 3 and layer.instanceID == 4
+    assert layer.GetAllGameNode() == {1: second, 2: third, 3: inner}
+    assert sorted(layer.SortGameNodeInstanceIDArray) == [1, 2, 3] and layer.GetGameNodeCount() == 3
     assert layer.GetGameNode(instanceID=2) is third and layer.GetGameNode(0) is None
-    assert layer.ExistGameNode(instanceID=1) is True and layer.ExistGameNode(0) is False
-    assert layer.GetGameNode("none") is None and layer.ExistGameNode(None) is False
-    for unhashable in (layer.GetGameNode, layer.ExistGameNode):
-        with pytest.raises(TypeError):
-            unhashable([])
+    assert layer.ExistGameNode(instanceID=1) is True and layer.ExistGameNode("none") is False
+    assert layer.CheckAllGameNode() is True
+    fonts = []
+    monkeypatch.setattr(pygame.font, "SysFont", lambda *args: fonts.append(args) or "font")
+    assert T.GameLayer().font == "font" and fonts == [("Arial", 18, False, False)]
 
 
-def test_adding_at_once(layer):
-    scene, log = Scene(), []
-    layer.OnLoad(scene)
-
-    class Node(T.GameNode):
-        def SetInstanceID(self, i):
-            log.append((i, layer.ExistGameNode(i)))
-            T.GameNode.SetInstanceID(self, i)
-
-        def OnLoad(self, sceneInstance):
-            log.append((sceneInstance, self.instanceID, list(layer.SortGameNodeInstanceIDArray)))
-
-    layer.AddGameNode(Node(None))
-    assert log == [(0, True), (scene, 0, [])] and layer.SortGameNodeInstanceIDArray == [0]
-
-
-def test_adding_a_node_from_the_load_hook_of_another(layer):
-    inner = T.GameNode(None)
-
-    class Outer(T.GameNode):
-        def OnLoad(self, sceneInstance):
-            layer.AddGameNode(inner)
-
-    outer = Outer(None)
-    number = layer.AddGameNode(outer)
-    assert layer.GetGameNode(number) is outer and outer.instanceID == number
-    assert layer.GetGameNode(inner.instanceID) is inner and inner.instanceID != number
-    assert sorted(layer.SortGameNodeInstanceIDArray) == [0, 1]
-    assert layer.AddGameNode(T.GameNode(None)) == 2
-
-
-@pytest.mark.parametrize("mode", [False, 0, 2, None, "yes"])
+@pytest.mark.parametrize("mode", [False, 2, None])
 def test_adding_later(layer, screen, mode):
-    layer.OnLoad("scene")
-    node, log = T.GameNode(None), []
+    log, late, node = [], make_node(), make_node()
     node.draw = lambda *args: log.append(args)
+    node.OnLoad = lambda scene: layer.AddGameNode(late, False)
     assert layer.AddGameNode(node, mode) == 0 and node.instanceID == -1
-    assert layer.GetGameNodeCount() == 0 and layer.AddGameNodeDict == {0: node}
     layer.update(1)
-    assert layer.GetGameNode(0) is None
-    layer.draw(screen)
-    assert layer.GetGameNode(0) is node and node.instanceID == 0 and layer.AddGameNodeDict == {}
-    assert node.sceneInstance == "scene" and log == []
-    layer.draw(screen)
-    assert log == [(screen, 0, 0, 1.0)]
-    layer.DelGameNode(0)
-    layer.update(1)
-    assert layer.GetGameNodeCount() == 0 and layer.SortGameNodeInstanceIDArray == []
-
-
-def test_truth_of_the_mode_is_an_equality(layer):
-    assert layer.AddGameNode(T.GameNode(None), 1.0) == 0
-    assert layer.GetGameNodeCount() == 1
-
-
-def test_a_hidden_layer_takes_nothing_in(layer, screen):
-    layer.AddGameNode(T.GameNode(None), False)
     layer.SetVisible(False)
     layer.draw(screen)
-    assert layer.GetGameNodeCount() == 0
+    assert layer.AddGameNodeDict == {0: node} and layer.GetGameNode(0) is None
     layer.SetVisible(True)
     layer.draw(screen)
-    assert layer.GetGameNodeCount() == 1
-
-
-def test_a_deferred_node_that_defers_another(layer, screen):
-    late = T.GameNode(None)
-
-    class Early(T.GameNode):
-        def OnLoad(self, sceneInstance):
-            layer.AddGameNode(late, False)
-
-    layer.AddGameNode(Early(None), False)
+    assert layer.GetGameNode(0) is node and node.instanceID == 0 and log == []
     layer.draw(screen)
+    assert log == [(screen, 0, 0, 1.0)] and layer.GetGameNode(1) is late
+    assert late.sceneInstance is layer.sceneInstance and layer.AddGameNodeDict == {}
+
+
+def test_deleting_queues_registered_descendants_until_an_update(layer, screen):
+    nodes, log = fill(layer), []
+    layer.AddGameNode(T.GameNode(T.GameNode(nodes[0])))
+    for number in (3, 0, 0, 77):
+        layer.DelGameNode(instanceID=number)
+    nodes[0].draw, nodes[0].update = lambda *args: log.append("draw"), log.append
     layer.draw(screen)
-    assert layer.GetGameNode(1) is late and layer.GetGameNodeCount() == 2
-
-
-def test_foreign_nodes(layer, screen):
-    node = Recorder(GetAllChildrens=[], GetInstanceID=0)
-    layer.OnLoad("scene")
-    layer.AddGameNode(node)
-    layer.update(0.5)
-    layer.draw(screen)
-    layer.OnPickDownFunction(x=1, y=2)
-    layer.OnPickUpFunction(x=3, y=4)
-    layer.OnKeyDownFunction(key="a")
-    layer.OnKeyUpFunction(key="b")
-    assert layer.CheckAllGameNode() is True
-    layer.DelGameNode(0)
-    layer.OnDestroy()
-    assert node.calls == [
-        ("SetInstanceID", (0,)),
-        ("OnLoad", ("scene",)),
-        ("update", (0.5,)),
-        ("draw", (screen, 0, 0, 1.0)),
-        ("OnPickDownFunction", (1, 2)),
-        ("OnPickUpFunction", (3, 4)),
-        ("OnKeyDownFunction", ("a",)),
-        ("OnKeyUpFunction", ("b",)),
-        ("GetInstanceID", ()),
-        ("GetAllChildrens", ()),
-        ("OnDestroy", ()),
-    ]
-
-
-def test_a_node_without_the_methods(layer):
-    with pytest.raises(AttributeError):
-        layer.AddGameNode(object())
-    node = T.GameNode(None)
-    number = layer.AddGameNode(node)
-    assert layer.GetGameNode(number) is node and number >= 0
-
-
-def test_deleting_queues_registered_descendants(layer):
-    nodes = fill(layer)
-    inner = T.GameNode(T.GameNode(nodes[0]))
-    layer.AddGameNode(inner)
-    assert layer.DelGameNode(instanceID=0) is None
-    assert layer.DelGameNodeArray == [3, 0] and layer.GetGameNodeCount() == 4
-    layer.DelGameNode(0)
-    layer.DelGameNode(77)
-    assert layer.DelGameNodeArray == [3, 0]
+    layer.SetVisible(False)
     layer.update(1)
-    assert layer.SortGameNodeInstanceIDArray == [1, 2] and list(layer.GameNodeDict) == [1, 2]
-    assert layer.DelGameNodeArray == []
-    assert nodes[0].instanceID == 0 and inner.parent.parent is nodes[0]
-
-
-def test_a_number_queued_twice(layer, screen):
-    (root,) = fill(layer, 1)
-    child = T.GameNode(root)
-    layer.AddGameNode(child)
-    layer.DelGameNode(1)
-    layer.DelGameNode(0)
-    layer.update(1)
-    assert layer.GetGameNodeCount() == 0
-    nodes = fill(layer)
-    layer.AddGameNode(T.GameNode(nodes[2]))
+    assert log == ["draw"] and layer.DelGameNodeArray == [3, 3, 0] and layer.GetGameNodeCount() == 4
+    layer.SetVisible(True)
+    nodes[1].update = lambda delay: 1 / 0
+    pytest.raises(ZeroDivisionError, layer.update, 2)
+    assert log == ["draw", 2] and layer.DelGameNodeArray == [3, 3, 0]
+    del nodes[1].update
+    layer.update(3)
+    assert layer.SortGameNodeInstanceIDArray == list(layer.GameNodeDict) == [1, 2]
+    assert layer.DelGameNodeArray == [] and nodes[0].instanceID == 0
     layer.CleanUpGameNode()
-    assert layer.GetGameNodeCount() == 4
-    layer.update(1)
-    layer.update(1)
-    layer.draw(screen)
-    assert layer.GameNodeDict == {} and layer.SortGameNodeInstanceIDArray == []
+    layer.update(4)
+    assert layer.GameNodeDict == {}
 
 
-def test_a_deleted_node_is_drawn_until_the_update(layer, screen):
-    node, log = fill(layer, 1)[0], []
-    node.draw = lambda *args: log.append("draw")
-    node.update = lambda delay: log.append("update")
-    layer.DelGameNode(0)
-    layer.draw(screen)
-    layer.SetVisible(False)
-    layer.update(1)
-    layer.draw(screen)
-    assert log == ["draw"] and layer.DelGameNodeArray == [0]
-    layer.SetVisible(True)
-    layer.update(1)
-    layer.draw(screen)
-    assert log == ["draw", "update"] and layer.GetGameNodeCount() == 0
-
-
-@pytest.mark.parametrize(
-    "method, number, expected",
-    [
-        ("LayerUpGameNode", 0, [1, 0, 2]),
-        ("LayerUpGameNode", 2, [0, 1, 2]),
-        ("LayerDownGameNode", 0, [0, 1, 2]),
-        ("LayerDownGameNode", 2, [0, 2, 1]),
-        ("LayerUpGameNode", 9, [0, 1, 2]),
-        ("LayerDownGameNode", "x", [0, 1, 2]),
-    ],
-)
-def test_draw_order(layer, screen, method, number, expected):
-    log = []
+@pytest.mark.parametrize("row", ["Up 0 102", "Up 2 012", "Down 0 012", "Down 2 021", "Up 9 012"])
+def test_draw_order(layer, screen, row):
+    log, (step, number, order) = [], row.split()
     for index, node in enumerate(fill(layer)):
-        node.draw = lambda *args, index=index: log.append(("draw", index))
-        node.update = lambda delay, index=index: log.append(("update", index))
-    assert getattr(layer, method)(instanceID=number) is None
+        node.draw = lambda *args, index=index: log.append(str(index))
+        node.update = lambda delay, index=index: log.append(f"u{index}")
+    getattr(layer, f"Layer{step}GameNode")(instanceID=int(number))
     layer.draw(screen)
     layer.update(1)
-    assert log == [("draw", i) for i in expected] + [("update", i) for i in (0, 1, 2)]
+    assert log == [*order, "u0", "u1", "u2"] and layer.GameNodeKeyArray == [0, 1, 2]
 
 
-def test_every_node_is_offered_every_press(layer, screen, capsys):
-    nodes = fill(layer)
+def test_every_node_is_offered_every_event_unless_hidden(layer):
+    nodes = [Recorder(5), Recorder(False)]
     for node in nodes:
-        node.SetWidth(9)
-        node.SetHeight(9)
-        node.SetKeyDownFunction("a", lambda node=node: node.SetUserData("down"))
-        node.SetKeyUpFunction("a", lambda node=node: node.SetUserData("up"))
-    layer.OnPickDownFunction(1, 1)
-    layer.OnKeyDownFunction("a")
-    assert [(n.clicked, n.userData) for n in nodes] == [(True, "down")] * 3
-    layer.SetVisible(False)
-    layer.OnPickUpFunction(1, 1)
-    layer.OnKeyUpFunction("a")
-    assert [(n.clicked, n.userData) for n in nodes] == [(True, "down")] * 3
-    layer.SetVisible(1)
-    layer.OnPickUpFunction(1, 1)
-    layer.OnKeyUpFunction("a")
-    assert [(n.clicked, n.userData) for n in nodes] == [(False, "up")] * 3
+        layer.AddGameNode(node)
+    for visible in (1, True, False, 2):
+        layer.SetVisible(visible)
+        layer.OnPickDownFunction(x=1, y=2)
+        layer.OnPickUpFunction(x=1, y=2)
+        layer.OnKeyDownFunction(key=1)
+    calls = ["OnPickDownFunction", "OnPickUpFunction", "OnKeyDownFunction"]
+    assert nodes[0].names() == nodes[1].names() == ["SetInstanceID", "OnLoad", *calls * 2]
 
 
-def test_walks_rebuild_the_key_list(layer):
-    fill(layer)
-    assert layer.GameNodeKeyArray == []
-    layer.update(1)
-    keys = layer.GameNodeKeyArray
-    assert keys == [0, 1, 2]
-    layer.OnKeyDownFunction("a")
-    assert layer.GameNodeKeyArray == keys and layer.GameNodeKeyArray is not keys
-
-
-def test_load_and_destroy(layer, screen):
-    nodes = fill(layer)
-    later = T.GameNode(None)
-    layer.AddGameNode(later, False)
-    layer.SetVisible(False)
-    layer.OnLoad(scene="scene")
-    assert [n.sceneInstance for n in nodes] == ["scene"] * 3 and later.sceneInstance is None
-    layer.DelGameNode(0)
-    kept = {n: getattr(layer, n) for n in ("GameNodeDict", "GameNodeKeyArray", "DelGameNodeArray")}
-    assert layer.OnDestroy() is None
-    for name, value in kept.items():
-        assert getattr(layer, name) == type(value)() and getattr(layer, name) is not value
-    assert [n.instanceID for n in nodes] == [-1] * 3 and layer.instanceID == 4
-    assert layer.sceneInstance == "scene" and layer.AddGameNodeDict == {3: later}
-    layer.SetVisible(True)
-    layer.draw(screen)
-    assert layer.GetGameNode(3) is later and later.sceneInstance == "scene"
-
-
-def test_consistency_check(layer):
-    assert layer.CheckAllGameNode() is True
-    nodes = fill(layer)
-    assert layer.CheckAllGameNode() is True
-    nodes[1].SetInstanceID(5)
-    assert layer.CheckAllGameNode() is False
-    nodes[1].SetInstanceID(1)
-    layer.SortGameNodeInstanceIDArray.append(1)
-    assert layer.CheckAllGameNode() is False
-
-
-def test_collision_with_registered_nodes(layer):
-    wall, ghost, hero = fill(layer)
-    for node in (wall, ghost, hero):
-        node.SetWidth(10)
-        node.SetHeight(10)
-    hero.SetXY(15, 0)
-    ghost.SetXY(15, 0)
-    wall.SetCollision(0, None)
-    hero.SetCollision(0, None)
-    assert layer.checkCollision(hero) is False
-    assert layer.checkCollision(hero, -10) is True and hero.GetX() == 15
-    assert layer.checkCollision(gameNode=hero, moveX=-10, moveY=20) is False
-    assert layer.checkEventRectCollision(pygame.Rect(12, 0, 2, 2)) is False
+def test_load_destroy_and_collision(layer, screen):
+    nodes = fill(layer, width=10, height=10, collisionType=0)
+    nodes[1].collisionType = -1
+    nodes[1].x = nodes[2].x = 15
+    assert layer.checkCollision(nodes[2]) is False
+    assert layer.checkCollision(gameNode=nodes[2], moveX=-10, moveY=0) is True and nodes[2].x == 15
     rect = pygame.Rect(12, 0, 2, 2)
-    assert layer.checkEventRectCollision(objrect=rect, moveX=-5, moveY=0) is True
-    assert rect.x == 12
+    assert layer.checkEventRectCollision(rect) is False
+    assert layer.checkEventRectCollision(objrect=rect, moveX=-5, moveY=0) is True and rect.x == 12
+    layer.AddGameNode(make_node(), False)
+    layer.OnLoad(scene="scene")
+    layer.DelGameNode(0)
+    kept = dict(vars(layer))
+    layer.OnDestroy()
+    replaced = [name for name, value in vars(layer).items() if value is not kept[name]]
+    assert {"GameNodeDict", "GameNodeKeyArray", "DelGameNodeArray"} <= set(replaced)
+    assert not any(vars(layer)[name] for name in replaced) and len(kept["GameNodeDict"]) == 3
+    assert [(n.instanceID, n.sceneInstance) for n in nodes] == [(-1, "scene")] * 3
+    assert layer.instanceID == 4 and layer.sceneInstance == "scene"
+
+
+SCROLLS = [
+    (1, "scrollPosX", [*range(-10, -101, -10), 100, 90]),
+    (2, "scrollPosX", [*range(10, 101, 10), -100, -90]),
+    (3, "scrollPosY", [*range(-10, -51, -10), 100, 90]),
+    (4, "scrollPosY", [*range(10, 51, 10), -50, -40]),
+]
+
+
+@pytest.mark.parametrize("kind, attribute, expected", SCROLLS)
+def test_automatic_scroll(layer, kind, attribute, expected):
+    layer.SetAutoScroll(float(kind), 10)
+    for value in expected:
+        layer.update(1)
+        assert repr(getattr(layer, attribute)) == repr(value)
+    assert layer.scrollPosX == 0 or layer.scrollPosY == 0
+    for size in ((1, 2, 3), (1,), (), None):
+        layer.sceneInstance.size = size
+        text = (
+            "too many values to unpack .expected 2"
+            if len(size or ()) > 2
+            else "not enough|iterable"
+        )
+        pytest.raises((ValueError, TypeError), layer.update, 1).match(text)
+
+
+SHAPES = [
+    ("Point", "pointName pointType px py", ["p", 1, 40, 60], (30, 50, 20, 20)),
+    ("Line", "lineName lineType x1 y1 x2 y2", ["l", 1, 10, 20, 60, 20], (10, 20, 51, 1)),
+    ("Rect", "rectName rectType x1 y1 x2 y2", ["r", 1, 30, 40, 80, 70], (30, 40, 51, 31)),
+]
+
+
+@pytest.mark.parametrize("kind, names, arguments, place", SHAPES)
+def test_debug_shapes(layer, screen, kind, names, arguments, place):
+    add, get = getattr(layer, "Add" + kind), getattr(layer, f"Get{kind}Array")
+    remove, layer.scrollPosX = getattr(layer, "Del" + kind), 100
+    add(*arguments)
+    add(**dict(zip(names.split(), arguments)))
+    assert get() == [arguments, arguments] and type(get()[0]) is list
+    for index in (2, -1, 50):
+        remove(index)
+    remove(index=0)
+    pytest.raises(TypeError, remove, "l")
+    layer.font = Recorder(pygame.Surface((4, 4)))
+    layer.draw(screen)
+    x, y = arguments[2:4]
+    assert get() == [arguments] and screen.get_at((x, y))[:3] == (255, 0, 0)
+    assert pygame.Rect(place).contains(ink(screen)) and ink(screen).width > place[2] / 5
+    if kind == "Point":
+        text = layer.font.calls[0][1][0]
+        assert text.startswith("(40") and text.endswith("60)")
+    get()[0] = ["name", 0]
+    pytest.raises((TypeError, IndexError, ValueError), layer.draw, screen)
+    # Shapes lie above the nodes, and a hidden layer draws nothing.
+    get()[0], (node,) = arguments, fill(layer, 1)
+    node.draw = lambda surface, *camera: surface.fill((0, 0, 0))
+    layer.draw(screen)
+    assert screen.get_at((x, y))[:3] == (255, 0, 0)
+    screen.fill((0, 0, 0))
+    layer.SetVisible(False)
+    layer.draw(screen)
+    assert ink(screen).size == (0, 0)

@@ -1,322 +1,196 @@
+"""Presses, releases, dragged handles, keys, bindings and collisions of a node."""
+
 import math
+import sys
 
 import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder, Scene
+from helpers import Recorder, Scene, make_node
 
 HIT = "collidepoint\n"
+NEVER = [{"width": 0}, {"width": -20}, {"WSX": -1.0}, {"visible": False}, {"visible": 2}]
+FAILING = [{"WX": "a"}, {"width": None}, {"WSY": []}]
+ODD = [{"WX": value} for value in (math.nan, math.inf, -math.inf, 1e20, 2**40, -0.5, 5.5)]
 
 
-def box(parent=None, x=0, y=0, width=20, height=10, **values):
-    node = T.GameNode(parent, x, y)
-    node.SetWidth(width)
-    node.SetHeight(height)
-    for name, value in values.items():
-        setattr(node, name, value)
-    return node
+def box(parent=None, width=20, height=10, **values):
+    return make_node(parent, width=width, height=height, **values)
 
 
-def test_a_press(capsys):
-    node, seen = box(), []
-    node.SetPickDownFunction(lambda n: seen.append((n, n.clicked, capsys.readouterr().out)))
-    assert node.OnPickDownFunction(x=5, y=5) is node
-    assert seen == [(node, False, HIT)] and node.clicked is True and node.dragcornerindex == -2
-    assert node.OnPickDownFunction(50, 5) is None and node.clicked is True
-    assert capsys.readouterr().out == ""
+def test_order_and_printed_lines_of_a_press_and_a_release(monkeypatch):
+    node, output, seen = box(), Recorder(), []
+    monkeypatch.setattr("sys.stdout", output)
+    note = lambda n: seen.append((n, n.clicked, len(output.calls)))  # noqa: E731
+    node.SetPickDownFunction(note)
+    node.SetPickUpFunction(note)
+    assert node.OnPickDownFunction(x=5, y=5) is node and node.clicked is True
+    assert node.OnPickDownFunction(50, 5) is None and node.dragcornerindex == -2
+    assert node.OnPickUpFunction(x=5, y=5) is node and node.clicked is False
+    assert seen[0][:2] == seen[1][:2] == (node, False) and 0 < seen[0][2] < seen[1][2]
+    text = "".join(args[0] for name, args in output.calls if name == "write")
+    assert text == HIT + HIT + "OnPickUpFunction2\n" and len(output.calls) == seen[1][2]
+    sys.stdout.write, node.PickDownFunction = lambda text: [][0], lambda n: 1 / 0
+    pytest.raises(IndexError, node.OnPickDownFunction, 1, 1)
+    monkeypatch.setattr("sys.stdout", None)
+    pytest.raises(ZeroDivisionError, node.OnPickDownFunction, 1, 1)
+    assert node.clicked is False and node.OnPickUpFunction(50, 50) is None
 
 
-def test_a_release(capsys):
-    node, seen = box(), []
-    node.clicked = True
-    assert node.OnPickUpFunction(50, 50) is None and node.clicked is False
-    assert capsys.readouterr().out == ""
-    assert node.OnPickUpFunction(x=5, y=5) is node
-    assert capsys.readouterr().out == HIT
-    node.SetPickUpFunction(lambda n: seen.append((n, capsys.readouterr().out)))
-    assert node.OnPickUpFunction(5, 5) is node
-    assert seen == [(node, HIT + "OnPickUpFunction2\n")]
-
-
-@pytest.mark.parametrize(
-    "point, hit",
-    [
-        ((0, 0), True),
-        ((19, 9), True),
-        ((19.9, 9.9), True),
-        ((20, 5), False),
-        ((5, 10), False),
-        ((-1, 5), False),
-        ((5, -1), False),
-        ((-0.5, 5), True),
-    ],
-)
-def test_edges_of_the_hit_rectangle(capsys, point, hit):
-    node = box()
-    assert node.checkClick(*point) is hit
-    assert (node.OnPickDownFunction(*point) is node) is hit
-    assert (node.OnPickUpFunction(*point) is node) is hit
-
-
-def test_hits_use_the_drawn_place(screen, capsys):
-    node = box(x=100, y=50, sx=2)
-    assert node.checkClick(px=5, py=5) is True and node.checkClick(105, 55) is False
+@pytest.mark.parametrize("values", NEVER + FAILING + ODD)
+def test_hit_rectangle(screen, capsys, values):
+    node = box(clicked=True, dragcornerindex=2)
+    vars(node).update(values)
+    for point in ((0, 0), (19.9, 9.9), (20, 5), (5, 10), (-1, 5), (5, -1), (-0.5, 5)):
+        hit = values not in NEVER
+        for method in (node.checkClick, node.OnPickDownFunction, node.OnPickUpFunction):
+            if values in FAILING:
+                pytest.raises(TypeError, method, *point)
+                continue
+            hit = hit and bool(pygame.Rect(values.get("WX", 0), 0, 20, 10).collidepoint(point))
+            assert (method(*point) in (True, node)) is hit
+    assert "visible" not in values or (node.clicked is True and node.dragcornerindex == 2)
+    # The drawn place counts until the next draw, the size at once.
+    node = box(x=100, sx=2)
     node.draw(screen, 10, 0, 1.5)
-    assert node.checkClick(160, 75) is True and node.checkClick(160 + 59, 75 + 14) is True
-    assert node.checkClick(160 + 60, 75) is False and node.checkClick(5, 5) is False
-    node.SetX(0)
-    assert node.checkClick(160, 75) is True
-    node.SetWidth(10)
-    assert node.checkClick(160 + 30, 75) is False
+    node.x, node.height = 0, 5
+    assert node.checkClick(px=219, py=6) is True and not node.checkClick(220, 0)
+    assert not node.checkClick(200, 8) and not node.checkClick(5, 5)
 
 
-@pytest.mark.parametrize(
-    "values",
-    [{"width": 0}, {"width": -20}, {"WSX": 0}, {"WSX": -1.0}, {"visible": False}, {"visible": 2}],
-)
-def test_never_hit(capsys, values):
-    node = box(**values)
-    assert node.checkClick(0, 0) is False and node.checkClick(-5, 5) is False
-    assert node.OnPickDownFunction(0, 0) is None and node.OnPickUpFunction(-5, 5) is None
-
-
-@pytest.mark.parametrize("odd", [float("nan"), math.inf, -math.inf, 1e20, 2**40])
-def test_places_beyond_a_rectangle(capsys, odd):
-    node = box(WX=odd)
-    hit = bool(pygame.Rect(odd, 0, 20, 10).collidepoint(0, 0))
-    assert node.checkClick(0, 0) is hit
-    assert node.OnPickDownFunction(0, 0) is (node if hit else None)
-    node.WX = 0
-    assert node.checkClick(0, 0) is True
-
-
-@pytest.mark.parametrize("values", [{"WX": "a"}, {"width": None}, {"WSY": []}])
-def test_places_that_are_no_numbers(capsys, values):
-    node = box(**values)
-    for method in (node.checkClick, node.OnPickDownFunction, node.OnPickUpFunction):
-        with pytest.raises(TypeError):
-            method(0, 0)
-
-
-@pytest.mark.parametrize("point", [("a", 0), (0, None), (None, None), ([], 0)])
-def test_points_that_are_no_numbers(capsys, point):
-    node = box()
-    for method in (node.checkClick, node.OnPickDownFunction, node.OnPickUpFunction):
-        with pytest.raises(TypeError):
-            method(*point)
-    assert node.clicked is False and node.OnPickDownFunction(1, 1) is node
-
-
-def test_a_failing_callback_leaves_the_node_unclicked(capsys):
-    node = box(PickDownFunction=lambda n: 1 / 0, PickUpFunction=lambda n: 1 / 0)
-    with pytest.raises(ZeroDivisionError):
-        node.OnPickDownFunction(1, 1)
-    assert node.clicked is False
-    node.clicked = True
-    with pytest.raises(ZeroDivisionError):
-        node.OnPickUpFunction(1, 1)
-    assert node.clicked is False
-
-
-@pytest.mark.parametrize("flag", [False, 0, 2, "yes", None])
-def test_disabled_events(capsys, flag):
-    node = box(editrectenable=True, dragcornerindex=-1)
-    child = box(node, width=5)
+@pytest.mark.parametrize("flag", [True, 1, False, 2, "yes", None])
+def test_flags_are_equalities_and_the_topmost_child_takes_the_event(capsys, flag):
+    node, on, seen = box(clicked=True, dragcornerindex=3), flag in (True, 1), []
+    callbacks = {"PickDownFunction": seen.append, "PickUpFunction": seen.append}
+    lower, upper = [box(node, 5, **callbacks) for _ in range(2)]
     node.EnablePickDownEvent(flag)
     node.EnablePickUpEvent(flag)
-    node.clicked = True
-    node.SetPickDownFunction(Recorder())
-    assert node.OnPickDownFunction(10, 5) is None and node.dragcornerindex == -1
-    assert node.OnPickDownFunction(1, 1) is child
-    assert node.OnPickUpFunction(1, 1) is child
-    assert node.OnPickUpFunction(10, 5) is None and node.clicked is False
+    assert node.OnPickDownFunction(1, 1) is upper and upper.clicked and not lower.clicked
+    assert node.OnPickUpFunction(1, 1) is upper and seen == [upper, upper] and not upper.clicked
+    assert node.OnPickDownFunction(10, 5) is (node if on else None)
+    assert node.OnPickUpFunction(10, 5) is (node if on else None) and node.clicked is False
+    # A parent can stand in for its children.
+    node.Enable_PickDown, node.PickDownFunction = True, Recorder()
+    node.SetCheckPickDownChild(flag)
+    assert node.OnPickDownFunction(1, 1) is (upper if on else node)
+    assert upper.clicked is True and node.clicked is False and seen[2:] == [upper]
+    node.children, node.CheckPickDownChild = [Recorder(False)], True
+    assert node.OnPickDownFunction(1, 2) is False is node.OnPickUpFunction(1, 2)
 
 
-def test_every_enabled_press_writes_the_handle(capsys):
-    node = box(dragcornerindex=-1, Enable_PickDown=1)
-    assert node.OnPickDownFunction(500, 500) is None and node.dragcornerindex == -2
+def edges(node):
+    return (node.WX, node.WY, node.WX + node.width * node.WSX, node.WY + node.height * node.WSY)
 
 
-def test_the_topmost_child_takes_the_press(capsys):
-    parent, asked = box(width=100, height=100), []
-    lower, upper = box(parent), box(parent)
-    lower.PickDownFunction = lambda node: asked.append(node)
-    upper.PickDownFunction = lambda node: asked.append(node)
-    assert parent.OnPickDownFunction(1, 1) is upper and asked == [upper]
-    assert (upper.clicked, lower.clicked, parent.clicked) == (True, False, False)
-    upper.SetVisible(False)
-    assert parent.OnPickDownFunction(1, 1) is lower
-    assert parent.OnPickDownFunction(50, 50) is parent
-    parent.SetVisible(False)
-    assert parent.OnPickDownFunction(1, 1) is None and len(asked) == 2
-
-
-def test_a_child_outside_its_parent_is_still_asked(capsys):
-    parent = box()
-    child = box(parent, WX=200, WY=200)
-    assert parent.OnPickDownFunction(205, 205) is child
-    assert parent.OnPickUpFunction(205, 205) is child
-
-
-@pytest.mark.parametrize("flag, swallowed", [(True, False), (1, False), (False, True), (2, True)])
-def test_a_parent_can_stand_in_for_its_children(capsys, flag, swallowed):
-    parent, seen = box(), []
-    child = box(parent, PickDownFunction=seen.append, PickUpFunction=seen.append)
-    parent.SetPickDownFunction(lambda node: 1 / 0)
-    parent.SetPickUpFunction(lambda node: 1 / 0)
-    parent.SetCheckPickDownChild(flag)
-    taker = parent if swallowed else child
-    assert parent.OnPickDownFunction(1, 1) is taker
-    assert child.clicked is True and parent.clicked is False
-    assert parent.OnPickUpFunction(1, 1) is taker
-    assert seen == [child, child] and child.clicked is False
-
-
-@pytest.mark.parametrize("answer", [False, 0, "", 5])
-def test_any_answer_but_none_takes_the_event(capsys, answer):
-    parent = box()
-    child = Recorder(result=answer)
-    parent.AddChild(child)
-    assert parent.OnPickDownFunction(1, 2) is answer
-    assert parent.OnPickUpFunction(1, 2) is answer
-    assert child.calls[1:] == [("OnPickDownFunction", (1, 2)), ("OnPickUpFunction", (1, 2))]
-    child.result = None
-    assert parent.OnPickDownFunction(1, 2) is parent
-
-
-def test_a_release_stops_at_the_first_taker(capsys):
-    parent = box(width=100, height=100, clicked=True, dragcornerindex=3)
-    first, second = box(parent), box(parent, WX=50)
-    assert parent.OnPickDownFunction(1, 1) is first
-    assert parent.OnPickUpFunction(51, 1) is second
-    assert first.clicked is True and parent.clicked is False and parent.dragcornerindex == -1
-    assert parent.OnPickUpFunction(90, 90) is parent and first.clicked is False
-
-
-@pytest.mark.parametrize("index, after", [(0, -1), (8, -1), (-1, -1), (-2, -2)])
-def test_a_release_anywhere_ends_the_drag(capsys, index, after):
-    node = box(dragcornerindex=index, dragbegin_x=3, dragbegin_y=4)
-    assert node.OnPickUpFunction(500, 500) is None
-    assert (node.dragcornerindex, node.dragbegin_x, node.dragbegin_y) == (after, 3, 4)
-
-
-def test_hidden_nodes_get_no_release(capsys):
-    node = box(clicked=True, visible=False, dragcornerindex=2)
-    assert node.OnPickUpFunction(1, 1) is None
-    assert node.clicked is True and node.dragcornerindex == 2
+@pytest.mark.parametrize("camera", [(0, 0, 1.0), (-30, -20, 2.0)])
+@pytest.mark.parametrize("scale, anchor", [((1, 1), (0, 0)), ((2, 1.5), (0.5, 0.5))])
+@pytest.mark.parametrize("index", range(9))
+def test_the_dragged_edge_follows_the_mouse(screen, capsys, index, scale, anchor, camera):
+    root = make_node(None, x=7, y=9)
+    node = box(root, 60, 40, x=100, y=80, editrectenable=True)
+    node.SetSXY(*scale)
+    node.SetAXY(*anchor)
+    node.draw(screen, *camera)
+    left, top, right, bottom = edges(node)
+    # A point well inside the handle, wherever it lies against the edge.
+    (row, column), dx, dy = divmod(index, 3), 12, -8
+    x = (left + 1, (left + right) // 2, right - 2)[column]
+    y = (top + 1, (top + bottom) // 2, bottom - 2)[row]
+    assert node.checkDragRect(x=x, y=y) == index and node.checkDragRect(left + 15, top + 10) < 0
+    assert root.OnPickDownFunction(x, y) is node and node.clicked is False
+    assert (node.dragcornerindex, node.dragbegin_x, node.dragbegin_y) == (index, x, y)
+    for step in (0.5, 1):
+        root.OnEditRectDraging(x + dx * step, y + dy * step)
+        node.draw(screen, *camera)
+    root.OnPickUpFunction(x + 500, y)
+    root.OnEditRectDraging(0, 0)
+    moved = (dx * (column == 0), dy * (row == 0), dx * (column == 2), dy * (row == 2))
+    moved = (dx, dy, dx, dy) if index == 4 else moved
+    expected = [edge + move for edge, move in zip((left, top, right, bottom), moved)]
+    assert edges(node) == pytest.approx(expected, abs=1.01) and root.GetXY() == (7, 9)
+    # Sizes stop at nothing.
+    node.dragcornerindex, node.dragbegin_x, node.dragbegin_y = index, x, y
+    node.OnEditRectDraging(x + (-999, 999)[column == 0], y + (-999, 999)[row == 0])
+    assert node.width >= 0 and node.height >= 0 and (column == 1 or node.width == 0)
 
 
 @pytest.mark.parametrize("key", ["a", 97, ("ctrl", "x"), None, 1.5])
 def test_keys(key):
     node, log = T.GameNode(None), []
     T.GameNode(node).SetKeyDownFunction(key, lambda: log.append("child"))
-    node.SetKeyDownFunction(keyname=key, function=lambda *args: log.append(("down", args)))
-    node.SetKeyUpFunction(keyname=key, function=lambda *args: log.append(("up", args)))
-    node.OnKeyDownFunction(key=key)
+    note = lambda *args: (log.append(args), node.OnDestroy())  # noqa: E731
+    node.SetKeyDownFunction(keyname=key, function=note)
+    node.SetKeyUpFunction(keyname=key, function=lambda: log.append("up"))
     node.OnKeyUpFunction(key=key)
-    node.OnKeyDownFunction("other")
-    node.OnKeyUpFunction("other")
-    assert log == [("down", ()), ("up", ())]
-    assert list(node.KeyDownFunctionDict) == list(node.KeyUpFunctionDict) == [key]
+    for name in (key, key, "other"):
+        node.OnKeyDownFunction(key=name)
+    assert log == ["up", ()] and node.KeyDownFunctionDict == node.KeyUpFunctionDict == {}
 
 
-def test_key_failures():
-    node = T.GameNode(None)
-    with pytest.raises(TypeError):
-        node.OnKeyDownFunction([])
-    with pytest.raises(TypeError):
-        node.SetKeyUpFunction({}, print)
-    node.SetKeyDownFunction("a", lambda: 1 / 0)
-    node.SetKeyUpFunction("a", 5)
-    with pytest.raises(ZeroDivisionError):
-        node.OnKeyDownFunction("a")
-    with pytest.raises(TypeError):
-        node.OnKeyUpFunction("a")
+EVENT = "eventName functionName functionCode"
+FAMILIES = [
+    ("BindingEvent", EVENT, ["e", "f", "code"], ["f", "code"]),
+    ("InnerBindingEvent", EVENT, ["PickUp", "f", 1], ["f", 1]),
+    ("BindingPoint", "pointName posType x y", ["p", 1, 2, 3], (1, 2, 3)),
+    ("BindingVar", "varname varvalue", ["v", 5], 5),
+]
 
 
-def test_key_callback_may_unregister_itself():
-    node = T.GameNode(None)
-    node.SetKeyDownFunction("a", lambda: node.OnDestroy())
-    node.OnKeyDownFunction("a")
-    node.OnKeyDownFunction("a")
-    assert node.KeyDownFunctionDict == {}
+@pytest.mark.parametrize("family, names, arguments, stored", FAMILIES)
+def test_tables_of_bindings(screen, family, names, arguments, stored):
+    name, keywords = arguments[0], dict(zip(names.split(), arguments))
+    for owner in [T.GameNode(None), T.GameLayer()][: 2 if "Event" in family else 1]:
+        values, key = getattr(owner, family + "Array"), {names.split()[0]: name}
+        store, get, delete = [getattr(owner, verb + family) for verb in ("Set", "Get", "Del")]
+        for call in (lambda: store(*arguments), lambda: store(**keywords)):  # noqa: B023
+            call()
+            assert values[name] == stored and type(values[name]) is type(stored)
+            assert get(name) is values[name] is get(**key)
+            delete(**key)
+            assert name not in values and len(values) in (0, 5, 6)
+        pytest.raises(KeyError, get, name)
+        pytest.raises(KeyError, delete, name)
+        store(*arguments)
+        getattr(owner, "CleanUp" + family)()
+        assert getattr(owner, f"Get{family}Array")() is getattr(owner, family + "Array") is values
+        assert values == {}
 
 
-def test_printed_lines_go_through_the_current_output(monkeypatch):
-    class Output:
-        text = ""
-
-        def write(self, text):
-            Output.text += text
-
-        def flush(self):
-            pass
-
-    monkeypatch.setattr("sys.stdout", Output())
-    box(PickUpFunction=lambda node: None).OnPickUpFunction(1, 1)
-    assert Output.text == "collidepoint\nOnPickUpFunction2\n"
-
-    class Broken(Output):
-        def write(self, text):
-            raise LookupError("closed")
-
-    monkeypatch.setattr("sys.stdout", Broken())
-    node = box()
-    with pytest.raises(LookupError):
-        node.OnPickDownFunction(1, 1)
-    assert node.clicked is False
-    monkeypatch.setattr("sys.stdout", None)
-    assert node.OnPickDownFunction(1, 1) is node
+@pytest.mark.parametrize("inner", ["Inner", ""])
+@pytest.mark.parametrize("make, name", [(make_node, "on_go"), (T.GameLayer, "on_sky_go")])
+def test_calling_events(screen, make, name, inner):
+    owner, scene, event = make(), Scene(), "Update" if inner else "hit"
+    call = getattr(owner, f"Call{inner}Event")
+    getattr(owner, f"Set{inner}BindingEvent")(event, "go", ["code"])
+    assert call(event) is None
+    owner.OnLoad(scene)
+    if make is T.GameLayer:
+        pytest.raises(TypeError, call, event)
+        owner.SetLayerName(name="sky")
+    call(event)
+    call(eventName=event, params={"b": 2})
+    call("unknown")
+    assert scene.calls == [(name, {}), (name, {"b": 2})]
+    setattr(scene, name, lambda: 7)
+    assert call(event) == 7
+    for entry in ([], 5, "", [5]):
+        getattr(owner, f"{inner}BindingEventArray")[event] = entry
+        pytest.raises((TypeError, IndexError), call, event)
 
 
-@pytest.mark.parametrize("event, call", [("PickDown", "Down"), ("PickUp", "Up")])
-def test_bound_inner_events_get_the_position(capsys, event, call):
-    scene, root = Scene(), box()
-    child = box(root, width=5)
+def test_bound_inner_events_get_the_position_and_collisions_move_the_other(capsys):
+    scene, root, rect = Scene(), box(), pygame.Rect(30, 0, 5, 5)
+    child = box(root, 5, x=30)
     for node, name in ((root, "root"), (child, "child")):
-        node.SetInnerBindingEvent(event, name, "code")
+        node.SetInnerBindingEvent("PickDown", name, "code")
+        node.SetInnerBindingEvent("PickUp", name + "Up", "code")
     root.OnLoad(scene)
-    press = getattr(root, f"OnPick{call}Function")
-    press(10, 5)
-    press(3, 4)
-    press(90, 90)
-    assert scene.calls == [("on_root", {"px": 10, "py": 5}), ("on_child", {"px": 3, "py": 4})]
-
-
-def test_bound_inner_events_of_the_life_cycle():
-    scene, node = Scene(), T.GameNode(None)
-    for event in ("Load", "Update", "Destroy"):
-        node.SetInnerBindingEvent(event, event.lower(), None)
-    node.OnLoad(scene)
-    node.update(1)
-    node.OnDestroy()
-    assert [name for name, _ in scene.calls] == ["on_load", "on_update", "on_destroy"]
-
-
-def test_collision_moves_the_other_node():
-    node, other = box(), box(x=30)
-    assert node.checkCollision(other) is False and node.checkCollision(other, -15) is True
-    assert node.checkCollision(gameNode=other, moveX=-15, moveY=50) is False
-    assert other.GetXY() == (30, 0)
-    rect = pygame.Rect(30, 0, 5, 5)
-    assert node.checkEventRectCollision(rect, -12) is True and rect.x == 30
-    assert node.checkEventRectCollision(objrect=rect, moveX=0, moveY=0) is False
-    assert node.checkEventRectCollision((5, 5, 1, 1)) is True
-    for collide in (node.checkCollision, node.checkEventRectCollision):
-        with pytest.raises((TypeError, AttributeError)):
-            collide(None)
-
-
-def test_collision_asks_the_other_for_its_rectangle():
-    class Fake:
-        def GetSizeRect(self):
-            return pygame.Rect(1, 1, 1, 1)
-
-    assert box().checkCollision(Fake()) is True
-
-    class Moved(T.GameNode):
-        def GetSizeRect(self):
-            return pygame.Rect(500, 500, 9, 9)
-
-    assert Moved(None).checkCollision(box()) is False
-    assert box().checkCollision(Moved(None)) is False
+    for press in (root.OnPickDownFunction, root.OnPickUpFunction):
+        for point in ((10, 5), (3, 4), (90, 90)):
+            press(*point)
+    names = ["on_root", "on_child", "on_rootUp", "on_childUp"]
+    assert scene.calls == list(zip(names, [{"px": 10, "py": 5}, {"px": 3, "py": 4}] * 2))
+    assert root.checkCollision(child) is False and root.checkCollision(child, -15) is True
+    assert root.checkCollision(gameNode=child, moveX=-15, moveY=50) is False and child.x == 30
+    assert root.checkEventRectCollision(rect, -12) is True and rect.x == 30
+    assert root.checkEventRectCollision(objrect=rect, moveX=0, moveY=0) is False
