@@ -128,11 +128,17 @@ PyObject* view_length(PyObject*, PyObject* args) {
   });
 }
 
-PyObject* view_repr(PyObject*, PyObject* args) {
+PyObject* view_copy(PyObject*, PyObject* args) {
   return guarded<PyObject*>(nullptr, [&] {
     PyObject* values[1];
     parse(args, values);
-    Ref copy = call(reinterpret_cast<PyObject*>(&PyDict_Type), values[0]);
+    return call(reinterpret_cast<PyObject*>(&PyDict_Type), values[0]).release();
+  });
+}
+
+PyObject* view_repr(PyObject*, PyObject* args) {
+  return guarded<PyObject*>(nullptr, [&] {
+    Ref copy = take(view_copy(nullptr, args));
     return take(PyObject_Repr(copy.get())).release();
   });
 }
@@ -144,6 +150,7 @@ PyMethodDef view_methods[] = {
     {"__iter__", &view_iterate, METH_VARARGS, nullptr},
     {"__len__", &view_length, METH_VARARGS, nullptr},
     {"__repr__", &view_repr, METH_VARARGS, nullptr},
+    {"copy", &view_copy, METH_VARARGS, nullptr},
 };
 
 PyObject* make_view_type() {

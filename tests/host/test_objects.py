@@ -20,7 +20,7 @@ def test_vars_is_a_live_mapping(thing):
     values = vars(thing)
     names = list(values)
     assert isinstance(values, collections.abc.MutableMapping)
-    assert vars(thing) == values == thing.__dict__ == dict(values)
+    assert vars(thing) == values == thing.__dict__ == dict(values) == values.copy()
     thing.own1, values["own2"] = 1, []
     assert list(values) == list(values.keys()) == [*names, "own1", "own2"]
     assert values.setdefault("own2", 5) is thing.own2 is list(values.items())[-1][1]
