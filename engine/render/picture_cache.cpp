@@ -94,8 +94,9 @@ void surface_died(PyObject* death_watch) {
 
 bool is_identity(const Source& source, const PictureRecipe& recipe) {
   constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-  return source.alpha_format && recipe.angle == 0.0 && recipe.alpha == kOpaque &&
-         recipe.width == source.state.width && recipe.height == source.state.height &&
+  return source.alpha_format && !source.state.locked && recipe.angle == 0.0 &&
+         recipe.alpha == kOpaque && recipe.width == source.state.width &&
+         recipe.height == source.state.height &&
          (!recipe.tinted || (recipe.color == kWhite && white_is_identity()));
 }
 
@@ -129,6 +130,7 @@ bool PictureCache::verify_state(Source& source) {
     source.state = SurfaceState();
     return false;
   }
+  source.state.locked = now->locked;
   if (now->same_as(source.state)) return true;
   drop_pictures(source);
   source.state = *now;

@@ -53,6 +53,7 @@ bool SurfaceState::same_as(const SurfaceState& other) const {
 
 std::optional<SurfaceState> read_state(PyObject* surface) {
   static PyObject* const get_flags = surface_method("get_flags"_name);
+  static PyObject* const get_locked = surface_method("get_locked"_name);
   static PyObject* const get_alpha = surface_method("get_alpha"_name);
   static PyObject* const get_size = surface_method("get_size"_name);
   static PyObject* const get_shifts = surface_method("get_shifts"_name);
@@ -60,6 +61,7 @@ std::optional<SurfaceState> read_state(PyObject* surface) {
   SurfaceState state;
   state.flags = as_long(host::call_library(get_flags, surface).get());
   if ((state.flags & kCompressed) != 0) return std::nullopt;
+  state.locked = host::call_library(get_locked, surface).get() == Py_True;
   Ref size = host::call_library(get_size, surface);
   state.width = static_cast<int>(as_long(PyTuple_GET_ITEM(size.get(), 0)));
   state.height = static_cast<int>(as_long(PyTuple_GET_ITEM(size.get(), 1)));

@@ -13,6 +13,7 @@ struct SurfaceState {
   long flags = 0;
   int alpha = 0;          // -1 when the surface has none
   std::uint64_t key = 0;  // the colour key, with a bit above the colour; 0 for none
+  bool locked = false;    // somebody has its pixels open: it cannot be blitted
   Ref shifts;             // of the colour channels: with the flags, they tell the pixel format
 
   [[nodiscard]] bool same_as(const SurfaceState& other) const;

@@ -51,7 +51,7 @@ def test_painting_between_two_draws(screen, paint, kind):
 @pytest.mark.parametrize("look", LOOKS, ids=str)
 def test_open_views_and_surfaces_that_are_easily_confused(screen, look):
     image, opaque = noise((24, 24), 1), noise((24, 24), 1, 0, 32)
-    widget = dress(T.GUI_Image(None, 9, 9), image=image, **{**look, "width": 40})
+    widget = dress(T.GUI_Image(None, 9, 9), image=image, **look)
     memory, raw = memoryview(image.get_view("0")), image.get_buffer().raw
     memory[400] ^= 255
     assert_widget(widget, screen)
