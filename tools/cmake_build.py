@@ -53,6 +53,12 @@ class Build:
         if os.name != "nt":
             self.compiler, self.compiler_version = self._find_compiler()
 
+    def list_sources(self):
+        """Brings the list of compile commands up to date with the files that are there."""
+        self.configure()
+        if output_of([self.cmake, "-S", str(ROOT), "-B", str(self.folder)]) is None:
+            raise Problem("CMake could not list the sources; `make clean` and try again.")
+
     def configure(self):
         self.cmake, version = self._find_cmake()
         generator = self._find_generator()

@@ -123,7 +123,7 @@ def lint(environment, args):
     build = Build(environment)
     build.check_host()
     environment.ensure("lint")
-    build.configure()
+    build.list_sources()
     command = [environment.python, ROOT / "tools" / "lint.py", "--build", build.folder]
     run(command + args)
 

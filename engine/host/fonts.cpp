@@ -10,7 +10,7 @@ namespace {
 
 struct KnownFont {
   Ref death_watch;
-  unsigned run;  // of pygame, counted by its ends
+  unsigned run = 0;  // of pygame, counted by its ends
 };
 
 struct Fonts {
