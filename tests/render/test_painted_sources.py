@@ -22,6 +22,10 @@ PAINTS = {
     "buffer": lambda s: s.get_buffer().write(bytes(range(16)), 96),
     # Sums and histograms stay as they were.
     "same bytes elsewhere": lambda s: s.get_buffer().write(s.get_buffer().raw[::-1], 0),
+    "upside down": lambda s: s.blit(pygame.transform.flip(s, False, True), (0, 0)),
+    "stripes change places": lambda s: s.get_buffer().write(
+        s.get_buffer().raw[640:1280] + s.get_buffer().raw[:640], 0
+    ),
     "another size": lambda s: s.__init__((300, 200), 0),
     "another format": lambda s: s.__init__((24, 24), pygame.SRCALPHA, 16),
 }
