@@ -1221,7 +1221,7 @@ class GUI_Label(GUI_Image):
         """
 
     def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
-        """Set `font` and `fontname`."""
+        """Use a ready font; its size and flags are not read."""
 
     def GetFont(self) -> pygame.font.Font:
         """Return `font`: pygame font that renders the text"""
