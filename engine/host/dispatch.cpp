@@ -15,12 +15,9 @@ std::vector<Message*>& messages() {
 
 std::unordered_set<PyObject*> message_names;
 
-// The host's own limit may be raised by a script beyond what the machine's stack holds.
-#ifdef _WIN32
+// The host's own limit may be raised by a script beyond what the stack of a thread holds, which
+// is two megabytes on some systems.
 constexpr std::ptrdiff_t kStackLimit = std::ptrdiff_t{900} * 1024;
-#else
-constexpr std::ptrdiff_t kStackLimit = std::ptrdiff_t{4} * 1024 * 1024;
-#endif
 const char* stack_base = nullptr;
 PyThreadState* stack_owner = nullptr;
 
