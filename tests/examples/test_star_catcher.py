@@ -62,9 +62,9 @@ def test_from_the_title_to_the_end_and_again(screen, monkeypatch):
     # The game's script imports its neighbours by their bare names.
     monkeypatch.setattr(sys, "path", [str(FOLDER), *sys.path])
     monkeypatch.setattr(Tessora, "Res", None)
-    spec = importlib.util.spec_from_file_location("star_catcher", str(FOLDER / "main.py"))
-    script = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(script)
+    found = importlib.util.spec_from_file_location("star_catcher", str(FOLDER / "main.py"))
+    script = importlib.util.module_from_spec(found)
+    found.loader.exec_module(script)
     player, total = Player(script, monkeypatch), 0
     game = player.game
     assert pygame.mixer.music.get_busy()
