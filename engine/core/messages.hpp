@@ -62,8 +62,6 @@ inline const Message draw_children{"draw_children"};
 inline const Message drawAnchor{"drawAnchor"};
 inline const Message drawDragRect{"drawDragRect"};
 inline const Message drawsize{"drawsize"};
-inline const Message drawToSurface{"drawToSurface"};
-inline const Message drawToSurface_children{"drawToSurface_children"};
 inline const Message update{"update"};
 
 inline const Message checkCollision{"checkCollision"};

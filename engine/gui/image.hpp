@@ -70,9 +70,7 @@ struct GUI_Image : GameNode {
 };
 
 namespace message {
-inline const Message AddCollRect{"AddCollRect"};
 inline const Message AutoImageSize{"AutoImageSize"};
-inline const Message CopyTo{"CopyTo"};
 inline const Message drawBGColor{"drawBGColor"};
 inline const Message drawCollInfo{"drawCollInfo"};
 inline const Message drawFocusBorder{"drawFocusBorder"};

@@ -29,7 +29,6 @@ struct GUI_Label : GUI_Image {
 };
 
 namespace message {
-inline const Message CreateFont{"CreateFont"};
 inline const Message drawText{"drawText"};
 inline const Message GetFontName{"GetFontName"};
 }  // namespace message

@@ -29,11 +29,8 @@ namespace modules {
 inline constinit Module pygame{"pygame"};
 inline constinit Module draw{"pygame.draw"};
 inline constinit Module transform{"pygame.transform"};
-inline constinit Module image{"pygame.image"};
 inline constinit Module mouse{"pygame.mouse"};
 inline constinit Module font{"pygame.font"};
-inline constinit Module mixer{"pygame.mixer"};
-inline constinit Module music{"pygame.mixer_music"};
 inline constinit Module display{"pygame.display"};
 inline constinit Module os{"os"};
 inline constinit Module path{"os.path"};
