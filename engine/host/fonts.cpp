@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "engine/host/quit.hpp"
 #include "engine/host/weak.hpp"
 
 namespace tessora::host {
@@ -11,13 +12,13 @@ namespace {
 struct KnownFont {
   Ref death_watch;
   unsigned run = 0;  // of pygame, counted by its ends
+  std::uint64_t number = 0;
 };
 
 struct Fonts {
   std::unordered_map<PyObject*, KnownFont> known;
   std::unordered_map<PyObject*, PyObject*> watched;  // death watch to font
-  unsigned run = 0;
-  bool told_of_quit = false;
+  std::uint64_t count = 0;
 };
 
 Fonts& the_fonts() {
@@ -26,48 +27,41 @@ Fonts& the_fonts() {
   return *fonts;
 }
 
-void font_died(PyObject* death_watch) {
+void font_died(Value death_watch) {
   Fonts& fonts = the_fonts();
-  auto watched = fonts.watched.find(death_watch);
+  auto watched = fonts.watched.find(death_watch.get());
   if (watched == fonts.watched.end()) return;
   fonts.known.erase(watched->second);
   fonts.watched.erase(watched);
 }
 
-PyObject* pygame_quits(PyObject*, PyObject*) {
-  ++the_fonts().run;
-  the_fonts().told_of_quit = false;
-  return none().release();
-}
-
-// pygame forgets its listeners at every quit.
-void listen_for_quit(Fonts& fonts) {
-  if (fonts.told_of_quit) return;
-  static PyMethodDef definition = {"pygame_quits", &pygame_quits, METH_NOARGS, nullptr};
-  static PyObject* const listener = take(PyCFunction_New(&definition, nullptr)).release();
-  call(modules::pygame["register_quit"_name], listener);
-  fonts.told_of_quit = true;
-}
-
 }  // namespace
 
-void note_font(PyObject* font) {
+void note_font(Value font) {
   Fonts& fonts = the_fonts();
   // What cannot be referred to weakly is no font of pygame's.
-  if (fonts.known.contains(font) || !PyType_SUPPORTS_WEAKREFS(Py_TYPE(font))) return;
-  listen_for_quit(fonts);
+  if (fonts.known.contains(font.get()) || !PyType_SUPPORTS_WEAKREFS(font.type())) return;
+  listen_for_quit();
   Ref death_watch = watch_death<&font_died>(font);
-  fonts.watched[death_watch.get()] = font;
-  fonts.known[font] = {death_watch, fonts.run};
+  fonts.watched[death_watch.get()] = font.get();
+  fonts.known[font.get()] = {death_watch, quit_count(), ++fonts.count};
 }
 
-void check_font(PyObject* font) {
-  Fonts& fonts = the_fonts();
-  auto found = fonts.known.find(font);
-  if (found == fonts.known.end()) return note_font(font);
-  if (found->second.run == fonts.run) return;
+void raise_old_font() {
   Ref error = modules::pygame["error"_name];
   raise(error.get(), "the font was made before pygame was quit; make a new one");
+}
+
+std::uint64_t check_font(Value font) {
+  Fonts& fonts = the_fonts();
+  auto found = fonts.known.find(font.get());
+  if (found == fonts.known.end()) {
+    note_font(font);
+    found = fonts.known.find(font.get());
+    return found == fonts.known.end() ? 0 : found->second.number;
+  }
+  if (found->second.run == quit_count()) return found->second.number;
+  raise_old_font();
 }
 
 }  // namespace tessora::host

@@ -7,9 +7,13 @@
 namespace tessora::host {
 
 // Remembers that the font belongs to pygame as it runs now, unless it is known already.
-void note_font(PyObject* font);
+void note_font(Value font);
+
+// Raises pygame.error, which tells that the font was made before pygame was quit.
+[[noreturn]] void raise_old_font();
 
 // Raises pygame.error for a font that was made before pygame was quit; notes an unknown one.
-void check_font(PyObject* font);
+// Returns a number that no other font has had or will have; 0 for what is no font of pygame's.
+std::uint64_t check_font(Value font);
 
 }  // namespace tessora::host

@@ -2,31 +2,35 @@
 
 namespace tessora::host {
 
-PyObject* Module::object() const {
+Value Module::object() const {
   if (module_ == nullptr) module_ = take(PyImport_ImportModule(name_)).release();
   return module_;
 }
 
-Ref Module::operator[](PyObject* attribute) const {
-  PyObject* space = PyModule_CheckExact(object()) ? PyModule_GetDict(module_) : nullptr;
-  if (space != nullptr) {
-    PyObject* found = PyDict_GetItemWithError(space, attribute);
-    if (found != nullptr) return Ref::share(found);
-    if (PyErr_Occurred() != nullptr) throw HostError();
+Ref Module::operator[](Value attribute) const {
+  Value module = object();
+  if (PyModule_CheckExact(module.get())) {
+    if (Ref found = Value(PyModule_GetDict(module.get())).find_item(attribute)) return found;
   }
-  return get_attr(module_, attribute);
+  return module.attr(attribute);
 }
 
-Ref import(const char* module, PyObject* attribute) {
+Ref Module::call(Value function) const {
+  Ref found = (*this)[function];
+  const bool is_own =
+      PyCFunction_Check(found.get()) != 0 && PyCFunction_GetSelf(found.get()) == object().get();
+  return is_own ? call_library(found) : found();
+}
+
+Ref import(const char* module, Value attribute) {
   Ref imported = take(PyImport_ImportModule(module));
-  return take(PyObject_GetAttr(imported.get(), attribute));
+  return imported.attr(attribute);
 }
 
-Ref engine_value(PyObject* name) {
-  PyObject* found = PyDict_GetItemWithError(PyModule_GetDict(engine_module), name);
-  if (found != nullptr) return Ref::share(found);
-  if (PyErr_Occurred() == nullptr) PyErr_SetObject(PyExc_NameError, name);
-  throw HostError();
+Ref engine_value(Value name) {
+  Ref found = Value(PyModule_GetDict(engine_module)).find_item(name);
+  if (!found) raise(PyExc_NameError, "%U", name);
+  return found;
 }
 
 }  // namespace tessora::host

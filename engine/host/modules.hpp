@@ -1,4 +1,4 @@
-// Modules of the host, looked up at call time through their module objects, as a script does:
+// Python's modules, looked up at call time through their module objects, as a script does:
 // games and tests replace what is in them.
 #pragma once
 
@@ -10,8 +10,10 @@ namespace tessora::host {
 class Module {
  public:
   constexpr explicit Module(const char* name) : name_(name) {}
-  Ref operator[](PyObject* attribute) const;
-  [[nodiscard]] PyObject* object() const;
+  Ref operator[](Value attribute) const;
+  // Calls a function of the module. One that is written in C and takes nothing runs no script.
+  Ref call(Value function) const;
+  [[nodiscard]] Value object() const;
 
  private:
   const char* name_;
@@ -19,11 +21,11 @@ class Module {
 };
 
 // An attribute of a module that is needed once.
-Ref import(const char* module, PyObject* attribute);
+Ref import(const char* module, Value attribute);
 
 // The engine's own module: its values are read when they are used.
 inline PyObject* engine_module = nullptr;
-Ref engine_value(PyObject* name);
+Ref engine_value(Value name);
 
 namespace modules {
 inline constinit Module pygame{"pygame"};
@@ -34,7 +36,10 @@ inline constinit Module font{"pygame.font"};
 inline constinit Module display{"pygame.display"};
 inline constinit Module os{"os"};
 inline constinit Module path{"os.path"};
+inline constinit Module time{"time"};
 inline constinit Module glob{"glob"};
+inline constinit Module math{"math"};
+inline constinit Module random{"random"};
 }  // namespace modules
 
 }  // namespace tessora::host

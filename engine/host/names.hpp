@@ -1,10 +1,11 @@
-// Interned host strings, written "GetWX"_name in the engine.
+// Shared values, written "GetWX"_name, 255_const and 1.0_const in the engine.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 
-#include "engine/host/ref.hpp"
+#include "engine/host/value.hpp"
 
 namespace tessora::host {
 
@@ -15,7 +16,7 @@ struct FixedString {
   char chars[Size] = {};
 };
 
-inline PyObject* intern(const char* chars) {
+inline Value intern(const char* chars) {
   PyObject* name = PyUnicode_InternFromString(chars);
   if (name == nullptr) throw HostError();
   return name;
@@ -23,11 +24,23 @@ inline PyObject* intern(const char* chars) {
 
 inline namespace literals {
 
-// The string lives as long as the process: names are few and used on every frame.
+// The values live as long as the process: they are few and used on every frame.
 template <FixedString String>
-PyObject* operator""_name() {
-  static PyObject* const name = intern(String.chars);
+Value operator""_name() {
+  static PyObject* const name = intern(String.chars).get();
   return name;
+}
+
+template <char... Chars>
+Value operator""_const() {
+  static PyObject* const number = [] {
+    constexpr char kChars[] = {Chars..., '\0'};
+    constexpr bool kIsReal = ((Chars == '.') || ...);
+    Ref value =
+        kIsReal ? real(std::strtod(kChars, nullptr)) : take(PyLong_FromString(kChars, nullptr, 10));
+    return value.release();
+  }();
+  return number;
 }
 
 }  // namespace literals

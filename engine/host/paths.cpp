@@ -4,10 +4,20 @@
 
 namespace tessora::host {
 
-Ref openable_path(PyObject* path) {
-  if (!PyUnicode_Check(path)) return Ref::share(path);
+Ref openable_path(Value path) {
+  if (!path.is_text()) return path;
   Ref separator = modules::os["sep"_name];
-  return take(PyUnicode_Replace(path, "\\"_name, separator.get(), -1));
+  Value backslash = "\\"_name;
+  return take(PyUnicode_Replace(path.get(), backslash.get(), separator.get(), -1));
+}
+
+bool is_path(Value value) {
+  return value.is_text() || _PyType_Lookup(value.type(), "__fspath__"_name.get()) != nullptr;
+}
+
+Ref path_text(Value value) {
+  if (value.is_text() || !is_path(value)) return value;
+  return take(in_script([&] { return PyOS_FSPath(value.get()); }));
 }
 
 }  // namespace tessora::host
