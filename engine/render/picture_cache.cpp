@@ -1,262 +1,276 @@
 #include "engine/render/picture_cache.hpp"
 
-#include <algorithm>
 #include <bit>
 #include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 #include "engine/host/weak.hpp"
-#include "engine/render/source_state.hpp"
+#include "engine/pixels/once.hpp"
+#include "engine/render/environment.hpp"
 
 namespace tessora::render {
+
+using namespace host::literals;
 
 namespace {
 
 constexpr int kOpaque = 255;
+constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 
-struct Kept {
-  PictureRecipe recipe;
-  Ref surface;
-  int width;
-  int height;
-  std::uint64_t last_drawn;
-  [[nodiscard]] std::size_t bytes() const {
-    constexpr std::size_t kPixelBytes = 4;
-    return kPixelBytes * static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+struct RecipeHash {
+  static std::uint64_t mixed(std::uint64_t value, const Recipe& recipe) {
+    auto mix = [&](std::uint64_t part) {
+      value = (value ^ part) * 0x9E3779B97F4A7C15ULL;
+      value ^= value >> 29U;
+    };
+    mix(static_cast<std::uint64_t>(recipe.width) << 32U |
+        static_cast<std::uint32_t>(recipe.height));
+    mix(std::bit_cast<std::uint64_t>(recipe.angle));
+    mix(static_cast<std::uint64_t>(recipe.opacity) << 33U |
+        static_cast<std::uint64_t>(recipe.tinted) << 32U | recipe.color);
+    return value;
+  }
+  std::size_t operator()(const Recipe& recipe) const {
+    return static_cast<std::size_t>(mixed(0, recipe));
   }
 };
 
 // A surface that pictures are made of, while it lives.
-struct Source {
-  PyObject* surface = nullptr;  // not owned
-  Ref death_watch;              // weak reference that ends this record
-  const PyObject* root = nullptr;
-  SurfaceState state;
-  Fingerprint print{};
-  bool alpha_format = false;
-  bool comparable = false;
-  std::uint64_t verified_state = 0;  // ticks of the script clock
-  std::uint64_t verified_pixels = 0;
-  std::vector<Kept> pictures;
-};
-
-std::uint64_t mark_of(const Source& source, const PictureRecipe& recipe) {
-  auto value = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(source.surface));
-  auto mix = [&](std::uint64_t part) {
-    value = (value ^ part) * 0x9E3779B97F4A7C15ULL;
-    value ^= value >> 29U;
-  };
-  mix(static_cast<std::uint64_t>(recipe.width) << 32U | static_cast<std::uint32_t>(recipe.height));
-  mix(std::bit_cast<std::uint64_t>(recipe.angle));
-  mix(static_cast<std::uint64_t>(recipe.alpha) << 33U |
-      static_cast<std::uint64_t>(recipe.tinted) << 32U | recipe.color);
-  return value;
-}
-
-class PictureCache {
+class Source final : public Store::Owner {
  public:
-  std::optional<Picture> find(PyObject* surface, const PictureRecipe& recipe, PyObject* screen);
-  void forget(PyObject* death_watch);
+  Ref death_watch;  // weak reference that ends this record
+  SurfaceMemory state;
+  Fingerprint print{};
+  bool has_print = false;
+  bool trusted = false;
+  std::uint64_t verified = 0;  // tick of the script clock
+
+  Source() = default;
+  Source(const Source&) = delete;
+  Source& operator=(const Source&) = delete;
+  ~Source() { drop(); }
+
+  void lost(Store::Place place) override {
+    pictures_.erase(pictures_.find(*static_cast<const Recipe*>(place->tag)));
+  }
+
+  [[nodiscard]] const Kept* find(const Recipe& recipe) const {
+    auto found = pictures_.find(recipe);
+    if (found == pictures_.end()) return nullptr;
+    the_store().touch(found->second);
+    return &found->second->kept;
+  }
+
+  const Kept* keep(const Recipe& recipe, Value picture) {
+    if (const Kept* known = find(recipe)) return known;
+    // The recipe's place in the table is told to the store.
+    auto made = pictures_.try_emplace(recipe).first;
+    std::optional<Store::Place> place = the_store().put(picture, *this, &made->first);
+    if (!place) {
+      pictures_.erase(made);
+      return nullptr;
+    }
+    made->second = *place;
+    return &(*place)->kept;
+  }
+
+  void drop() {
+    Pictures pictures;
+    pictures.swap(pictures_);
+    for (const auto& [recipe, place] : pictures) the_store().remove(place);
+  }
+
+  [[nodiscard]] bool is_empty() const { return pictures_.empty(); }
 
  private:
-  Source& source_of(PyObject* surface);
-  bool verify_state(Source& source);
-  bool verify_pixels(Source& source);
-  void drop_pictures(Source& source);
-  void make_room();
-  bool is_wanted_again(const Source& source, const PictureRecipe& recipe);
-  std::optional<Picture> make(Source& source, const PictureRecipe& recipe);
-  const PyObject* screen_root(PyObject* screen);
-
-  std::unordered_map<PyObject*, Source> sources_;
-  std::unordered_map<PyObject*, PyObject*> watched_;  // death watch to surface
-  std::size_t bytes_ = 0;
-  std::uint64_t draws_ = 0;
-  std::uint64_t environment_ = 0;
-  std::uint64_t screen_tick_ = 0;
-  PyObject* screen_ = nullptr;
-  const PyObject* screen_root_ = nullptr;
-  // A picture is kept when it is asked for a second time: what changes on every frame is not.
-  std::unordered_set<std::uint64_t> asked_;
-  std::unordered_set<std::uint64_t> asked_before_;
+  using Pictures = std::unordered_map<Recipe, Store::Place, RecipeHash>;
+  Pictures pictures_;
 };
 
-PictureCache& the_cache() {
+struct Sources {
+  std::unordered_map<const void*, Source> known;
+  std::unordered_map<const void*, const void*> watched;  // death watch to surface
+};
+
+Sources& the_sources() {
   // Never destroyed: the interpreter is gone when static objects are.
-  static auto* const cache = new PictureCache;
-  return *cache;
+  static auto* const sources = new Sources;
+  return *sources;
 }
 
-void surface_died(PyObject* death_watch) {
-  the_cache().forget(death_watch);
+void surface_died(Value death_watch) {
+  Sources& sources = the_sources();
+  auto watched = sources.watched.find(death_watch.identity());
+  if (watched == sources.watched.end()) return;
+  auto source = sources.known.extract(watched->second);
+  sources.watched.erase(watched);
 }
 
-bool is_identity(const Source& source, const PictureRecipe& recipe) {
-  constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-  return source.alpha_format && !source.state.locked && recipe.angle == 0.0 &&
-         recipe.alpha == kOpaque && recipe.width == source.state.width &&
-         recipe.height == source.state.height &&
-         (!recipe.tinted || (recipe.color == kWhite && white_is_identity()));
-}
-
-Source& PictureCache::source_of(PyObject* surface) {
-  auto found = sources_.find(surface);
-  if (found != sources_.end()) return found->second;
+Source& source_of(Value surface) {
+  Sources& sources = the_sources();
+  auto found = sources.known.find(surface.identity());
+  if (found != sources.known.end()) return found->second;
   Ref death_watch = host::watch_death<&surface_died>(surface);
-  watched_[death_watch.get()] = surface;
-  Source& source = sources_[surface];
-  source.surface = surface;
+  sources.watched[death_watch.identity()] = surface.identity();
+  Source& source = sources.known[surface.identity()];
   source.death_watch = death_watch;
   return source;
 }
 
-void PictureCache::forget(PyObject* death_watch) {
-  auto watched = watched_.find(death_watch);
-  if (watched == watched_.end()) return;
-  auto found = sources_.find(watched->second);
-  drop_pictures(found->second);
-  sources_.erase(found);
-  watched_.erase(watched);
+// What of a surface decides the pictures made of it, beside its pixels.
+SurfaceMemory state_of(const SurfaceMemory& memory) {
+  SurfaceMemory state = memory;
+  state.clip = {};
+  state.locked = false;
+  return state;
 }
 
-bool PictureCache::verify_state(Source& source) {
-  if (source.verified_state == host::clocks.script) return source.comparable;
-  std::optional<SurfaceState> now = read_state(source.surface);
-  source.verified_state = host::clocks.script;
-  source.comparable = now.has_value();
-  if (!now) {
-    drop_pictures(source);
-    source.state = SurfaceState();
-    return false;
+// Drops what was made of other pixels than the source has now.
+void verify(Source& source, const SurfaceMemory& memory) {
+  const SurfaceMemory state = state_of(memory);
+  if (!(source.state == state)) {
+    source.drop();
+    source.state = state;
+    source.has_print = false;
   }
-  source.state.locked = now->locked;
-  if (now->same_as(source.state)) return true;
-  drop_pictures(source);
-  source.state = *now;
-  source.root = root_surface(source.surface);
-  // A blit of a shared picture reads memory that another surface may be writing.
-  source.alpha_format = source.root == source.surface && now->key == 0 &&
-                        (now->alpha == -1 || now->alpha == kOpaque) &&
-                        has_alpha_format(source.surface, *now);
-  return true;
-}
-
-bool PictureCache::verify_pixels(Source& source) {
-  if (source.verified_pixels == host::clocks.script) return true;
-  std::optional<Pixels> pixels = read_pixels(source.surface, source.state);
-  if (!pixels) {
-    drop_pictures(source);
-    return false;
-  }
-  Fingerprint print = fingerprint(*pixels);
-  source.verified_pixels = host::clocks.script;
-  if (print == source.print) return true;
-  drop_pictures(source);
+  if (source.verified == host::clocks.script || source.is_empty() || source.trusted) return;
+  const Fingerprint print = fingerprint(memory);
+  source.verified = host::clocks.script;
+  if (source.has_print && print == source.print) return;
+  source.drop();
   source.print = print;
-  return true;
+  source.has_print = true;
 }
 
-void PictureCache::drop_pictures(Source& source) {
-  for (const Kept& kept : source.pictures) bytes_ -= kept.bytes();
-  source.pictures.clear();
+// To be taken before a picture is made: painting while it is made must show later.
+void take_print(Source& source, const SurfaceMemory& memory) {
+  if (source.trusted || (source.has_print && source.verified == host::clocks.script)) return;
+  source.print = fingerprint(memory);
+  source.has_print = true;
+  source.verified = host::clocks.script;
 }
 
-// Makes a quarter of the room at once, so that a full cache is not searched for every picture.
-void PictureCache::make_room() {
-  std::vector<std::uint64_t> ages;
-  for (const auto& [surface, source] : sources_) {
-    for (const Kept& kept : source.pictures) ages.push_back(kept.last_drawn);
+std::uint64_t mark_of(Value surface, const Recipe& recipe) {
+  return RecipeHash::mixed(reinterpret_cast<std::uintptr_t>(surface.identity()), recipe);
+}
+
+Recipe without_tint(const Recipe& recipe) {
+  return {recipe.width, recipe.height, recipe.angle, recipe.opacity, false, 0};
+}
+
+class Maker {
+ public:
+  Maker(Value surface, const SurfaceMemory& memory)
+      : surface_(surface), memory_(memory), simple_(has_alpha_format(memory)) {}
+
+  // The source itself is what the recipe gives, but for opacity and tint.
+  [[nodiscard]] bool is_stage(const Recipe& recipe) const {
+    return simple_ && recipe.angle == 0.0 && recipe.width == memory_.width &&
+           recipe.height == memory_.height;
   }
-  auto quarter = ages.begin() + static_cast<std::ptrdiff_t>(ages.size() / 4);
-  std::nth_element(ages.begin(), quarter, ages.end());
-  const std::uint64_t oldest_to_stay = *quarter;
-  for (auto& [surface, source] : sources_) {
-    std::erase_if(source.pictures, [&](const Kept& kept) {
-      bool goes = kept.last_drawn <= oldest_to_stay;
-      if (goes) bytes_ -= kept.bytes();
-      return goes;
-    });
-  }
-}
 
-bool PictureCache::is_wanted_again(const Source& source, const PictureRecipe& recipe) {
-  constexpr std::size_t kGeneration = 16384;
-  std::uint64_t mark = mark_of(source, recipe);
-  if (asked_.contains(mark) || asked_before_.contains(mark)) return true;
-  if (asked_.size() >= kGeneration) {
-    asked_before_.swap(asked_);
-    asked_.clear();
-  }
-  asked_.insert(mark);
-  return false;
-}
-
-const PyObject* PictureCache::screen_root(PyObject* screen) {
-  if (screen != screen_ || screen_tick_ != host::clocks.script) {
-    screen_root_ = root_surface(screen);
-    screen_ = screen;
-    screen_tick_ = host::clocks.script;
-  }
-  return screen_root_;
-}
-
-std::optional<Picture> PictureCache::make(Source& source, const PictureRecipe& recipe) {
-  if (!is_wanted_again(source, recipe) || !verify_pixels(source)) return std::nullopt;
-  const std::uint64_t before = host::clocks.script;
-  Ref image = Ref::share(source.surface);
-  if (recipe.alpha != kOpaque) image = faded(image.get(), host::integer(recipe.alpha).get());
-  Ref color = host::none();
-  if (recipe.tinted) {
-    color =
-        host::tuple(host::integer(recipe.color >> 24U), host::integer(recipe.color >> 16U & 255U),
-                    host::integer(recipe.color >> 8U & 255U), host::integer(recipe.color & 255U));
-  }
-  Ref size = host::tuple(host::integer(recipe.width), host::integer(recipe.height));
-  Ref picture = finished(image.get(), size, Number(recipe.angle), color.get());
-  // pygame's own functions ran, nothing else: what was verified still is.
-  host::clocks.script = before;
-  if (!is_plain_surface(picture.get())) return std::nullopt;
-  std::optional<SurfaceState> made = read_state(picture.get());
-  if (!made) return std::nullopt;
-  if (bytes_ >= kPictureCacheBytes) make_room();
-  source.pictures.push_back({recipe, picture, made->width, made->height, ++draws_});
-  bytes_ += source.pictures.back().bytes();
-  return Picture{picture.get(), made->width, made->height};
-}
-
-std::optional<Picture> PictureCache::find(PyObject* surface, const PictureRecipe& recipe,
-                                          PyObject* screen) {
-  std::uint64_t number = environment();
-  if (number == 0) return std::nullopt;
-  if (number != environment_) {
-    for (auto& [each, source] : sources_) {
-      drop_pictures(source);
-      source.state = SurfaceState();
-      source.verified_state = 0;
+  Picture find(const Recipe& recipe) {
+    if (is_stage(recipe) && recipe.opacity == kOpaque && !recipe.tinted) {
+      return {surface_, memory_.width, memory_.height, paint_source(surface_), {}};
     }
-    screen_ = nullptr;
-    environment_ = number;
+    Source& source = source_of(surface_);
+    verify(source, memory_);
+    if (const Kept* kept = source.find(recipe)) return picture_of(*kept);
+    if (!the_store().is_wanted_again(mark_of(surface_, recipe))) return picture_of(make(recipe));
+    take_print(source, memory_);
+    const Fingerprint print = source.print;
+    Ref made = make(recipe);
+    // Other threads may have run meanwhile, and have ended the record.
+    Source& now = source_of(surface_);
+    const bool same = now.state == state_of(memory_) && now.print == print;
+    const Kept* kept = same ? now.keep(recipe, made) : nullptr;
+    return kept != nullptr ? picture_of(*kept) : picture_of(made);
   }
-  Source& source = source_of(surface);
-  // What is drawn onto changes while it is drawn onto.
-  if (!verify_state(source) || source.root == screen_root(screen)) return std::nullopt;
-  if (is_identity(source, recipe)) return Picture{surface, recipe.width, recipe.height};
-  if (!source.pictures.empty()) verify_pixels(source);
-  for (Kept& kept : source.pictures) {
-    if (!(kept.recipe == recipe)) continue;
-    kept.last_drawn = ++draws_;
-    return Picture{kept.surface.get(), kept.width, kept.height};
+
+ private:
+  static Picture picture_of(Value made) {
+    const PixelSize size = surface_size(made);
+    return {made, size.width, size.height, paint_source(made), {}};
   }
-  return make(source, recipe);
-}
+
+  static Picture picture_of(const Kept& kept) {
+    return {kept.surface, kept.width, kept.height, kept.source, {}};
+  }
+
+  // Runs no script: all surfaces are pygame's own.
+  Ref make(const Recipe& recipe) {
+    Ref size = host::tuple(recipe.width, recipe.height);
+    if (recipe.tinted) {
+      Picture plain = find(without_tint(recipe));
+      return tinted(plain.surface, recipe.color);
+    }
+    // pygame turns what it scaled; from that to per-pixel alpha is a step only for other formats.
+    if (recipe.angle != 0.0 && (simple_ || recipe.opacity != kOpaque)) {
+      Recipe level = recipe;
+      level.angle = 0.0;
+      Picture upright = find(level);
+      Ref turned = rotated(upright.surface, Number(recipe.angle));
+      return convert_alpha(turned);
+    }
+    Ref image = surface_;
+    if (recipe.opacity != kOpaque) {
+      Ref opacity = host::integer(recipe.opacity);
+      image = faded(image, opacity);
+    }
+    return finished(image, size, Number(recipe.angle), nullptr);
+  }
+
+  Ref surface_;
+  const SurfaceMemory& memory_;
+  bool simple_;
+};
 
 }  // namespace
 
-std::optional<Picture> kept_picture(PyObject* source, const PictureRecipe& recipe,
-                                    PyObject* screen) {
-  if (recipe.width <= 0 || recipe.height <= 0) return std::nullopt;
-  return the_cache().find(source, recipe, screen);
+bool can_paint(const SurfaceMemory& target, int flags, const Shade& shade) {
+  // Never destroyed: the interpreter is gone when static objects are.
+  static auto* const made = new Once<Ref>;
+  const Ref& probe = made->get([] { return new_alpha_surface(host::tuple(1, 1)); });
+  if (!probe) return false;
+  constexpr int kOutside = -2;
+  std::optional<PaintSource> source = paint_source(probe);
+  // Outside of the target nothing but the question is left.
+  return source && paint(target, *source, kOutside, kOutside, flags, shade);
+}
+
+std::optional<Picture> find_picture(Value surface, const SurfaceMemory& memory,
+                                    const Recipe& recipe, const SurfaceMemory& target, int flags) {
+  if (memory.pixels == nullptr || memory.pixel_bytes == 1 || memory.compressed || memory.locked) {
+    return std::nullopt;
+  }
+  Maker maker(surface, memory);
+  Recipe wanted = recipe;
+  if (wanted.angle == 0.0) wanted.angle = 0.0;  // which -0.0 is not, bit by bit
+  if (wanted.tinted && wanted.color == kWhite && white_is_identity()) {
+    wanted.tinted = false;
+    wanted.color = 0;
+  }
+  // Opacity comes before the size; it is left for the way where that does not change.
+  Recipe stage = without_tint(wanted);
+  Shade shade{kOpaque, wanted.color, wanted.tinted};
+  if (maker.is_stage(stage)) std::swap(stage.opacity, shade.opacity);
+  const bool shaded = shade.tinted || shade.opacity != kOpaque;
+  if (shaded && can_paint(target, flags, shade)) {
+    Picture picture = maker.find(stage);
+    picture.shade = shade;
+    if (picture.source) return picture;
+  }
+  return maker.find(wanted);
+}
+
+void trust_pixels(Value surface) {
+  source_of(surface).trusted = true;
+}
+
+void drop_pictures() {
+  Sources& sources = the_sources();
+  std::unordered_map<const void*, Source> known;
+  known.swap(sources.known);
+  sources.watched.clear();
 }
 
 }  // namespace tessora::render

@@ -1,33 +1,33 @@
-// Finished pictures, kept for as long as what they were made of stays the same.
+// Pictures, kept for as long as what they were made of stays the same.
 #pragma once
 
-#include "engine/render/surface.hpp"
+#include "engine/pixels/paint.hpp"
+#include "engine/render/canvas.hpp"
+#include "engine/render/store.hpp"
 
 namespace tessora::render {
 
-// What a picture is made of, beside its source.
-struct PictureRecipe {
-  int width;
-  int height;
-  double angle;         // degrees; 0 is not rotated
-  int alpha;            // 0 to 255
-  bool tinted;          // multiplied by `color`
-  std::uint32_t color;  // 0xRRGGBBAA
-  bool operator==(const PictureRecipe&) const = default;
-};
-
+// A picture to be drawn, and what it must be multiplied by on the way. Valid until a script runs.
 struct Picture {
-  PyObject* surface;  // owned by the cache, or the source itself; valid until a script runs
-  int width;
-  int height;
+  Ref surface;
+  int width = 0;
+  int height = 0;
+  std::optional<PaintSource> source;  // nothing when pygame must draw
+  Shade shade;
 };
 
-// At most this many bytes of finished pictures are held. The least recently drawn go first.
-inline constexpr std::size_t kPictureCacheBytes = std::size_t{256} << 20U;
+// The picture that a source and a recipe give, pixel by pixel what faded() and finished() give; one
+// that changes from frame to frame is made of the stages that stay. Nothing when these must be
+// followed themselves. `target` is what it will be drawn on with these flags of pygame's.
+std::optional<Picture> find_picture(Value surface, const SurfaceMemory& memory,
+                                    const Recipe& recipe, const SurfaceMemory& target, int flags);
 
-// The finished picture for a source drawn onto `screen`, pixel by pixel what faded() and finished()
-// give; nothing when those must be followed themselves.
-std::optional<Picture> kept_picture(PyObject* source, const PictureRecipe& recipe,
-                                    PyObject* screen);
+// Whether the loops can draw any picture so.
+bool can_paint(const SurfaceMemory& target, int flags, const Shade& shade);
+
+// For a surface that nobody but the engine reaches: its pixels stay as they are.
+void trust_pixels(Value surface);
+
+void drop_pictures();
 
 }  // namespace tessora::render
