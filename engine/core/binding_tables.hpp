@@ -2,98 +2,110 @@
 #pragma once
 
 #include "engine/core/messages.hpp"
-#include "engine/host/class.hpp"
+#include "engine/object/declaration.hpp"
 
 namespace tessora {
 
 using namespace host::literals;
 using host::Ref;
+using host::Value;
 
 template <auto Table>
-Ref get_entry(host::Object& self, PyObject* const* args) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  return host::get_item(owner.read(owner.*Table).get(), args[0]);
+using TableOwner = host::SlotOwner<Table>;
+
+template <auto Table>
+Ref get_entry(TableOwner<Table>& owner, Value name) {
+  Ref table = owner.read(owner.*Table);
+  return table.item(name);
 }
 
 template <auto Table>
-Ref delete_entry(host::Object& self, PyObject* const* args) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  host::del_item(owner.read(owner.*Table).get(), args[0]);
-  return host::none();
+void delete_entry(TableOwner<Table>& owner, Value name) {
+  Ref table = owner.read(owner.*Table);
+  table.delete_item(name);
 }
 
 template <auto Table>
-Ref clear_entries(host::Object& self, PyObject* const*) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  host::call_method(owner.read(owner.*Table), "clear"_name);
-  return host::none();
+void clear_entries(TableOwner<Table>& owner) {
+  Ref table = owner.read(owner.*Table);
+  table.call("clear"_name);
 }
 
 template <auto Table>
-Ref set_entry(host::Object& self, PyObject* const* args) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  host::set_item(owner.read(owner.*Table).get(), args[0], args[1]);
-  return host::none();
+void set_entry(TableOwner<Table>& owner, Value name, Value value) {
+  Ref table = owner.read(owner.*Table);
+  table.set_item(name, value);
 }
 
 // An event's entry: the function's name and its code.
 template <auto Table>
-Ref set_event(host::Object& self, PyObject* const* args) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  host::set_item(owner.read(owner.*Table).get(), args[0], host::list(args[1], args[2]).get());
-  return host::none();
+void set_event(TableOwner<Table>& owner, Value event, Value function, Value code) {
+  set_entry<Table>(owner, event, host::list(function, code));
 }
 
 // A point's entry: position type, x and y.
 template <auto Table>
-Ref set_point(host::Object& self, PyObject* const* args) {
-  auto& owner = static_cast<host::SlotOwner<Table>&>(self);
-  host::set_item(owner.read(owner.*Table).get(), args[0],
-                 host::tuple(args[1], args[2], args[3]).get());
-  return host::none();
+void set_point(TableOwner<Table>& owner, Value name, Value type, Value x, Value y) {
+  set_entry<Table>(owner, name, host::tuple(type, x, y));
 }
 
-// Declares Get..., Del..., CleanUp... and Get...Array for a table of `kind`.
-template <auto Table, class Builder>
-void declare_table(Builder& builder, const char* kind, const char* parameter) {
-  std::string word(kind);
-  builder
-      .template native_method<&get_entry<Table>, 1>(
-          builder.keep("Get" + word), {parameter},
-          builder.keep("Return the entry of that name; KeyError for an unknown one."))
-      .template native_method<&delete_entry<Table>, 1>(
-          builder.keep("Del" + word), {parameter},
+// Declares Get..., Del..., CleanUp... and Get...Array for a table of `kind` with entries of `type`.
+template <auto Table, class Declaration>
+void declare_table(Declaration& owner, const char* kind, const char* parameter, const char* type) {
+  const std::string word(kind);
+  const std::string name = std::string("(") + parameter + ": str) -> ";
+  owner
+      .template method<&get_entry<Table>>(
+          owner.keep("Get" + word + name + type),
+          "Return the entry of that name; KeyError for an unknown one.")
+      .template method<&delete_entry<Table>>(
+          owner.keep("Del" + word + name + "None"),
           "Delete the entry of that name; KeyError for an unknown one.")
-      .template native_method<&clear_entries<Table>, 0>(builder.keep("CleanUp" + word), {},
-                                                        "Empty the table in place.")
-      .template native_method<&host::native_getter<Table>, 0>(builder.keep("Get" + word + "Array"),
-                                                              {}, "Return the table itself.");
+      .template method<&clear_entries<Table>>(owner.keep("CleanUp" + word + "() -> None"),
+                                              "Empty the table in place.");
+  host::declare_getter<Table>(owner, owner.keep("Get" + word + "Array"),
+                              std::string("dict[str, ") + type + "]", "the table itself.");
 }
 
-template <auto Table, class Builder>
-void declare_events_table(Builder& builder, const char* kind) {
-  builder.template native_method<&set_event<Table>, 3>(
-      builder.keep(std::string("Set") + kind), {"eventName", "functionName", "functionCode"},
+template <auto Table, class Declaration>
+void declare_events_table(Declaration& owner, const char* kind) {
+  owner.template method<&set_event<Table>>(
+      owner.keep(std::string("Set") + kind +
+                 "(eventName: str, functionName: str | None, functionCode: Any) -> None"),
       "Bind the event to the scene's method that is named after `functionName`.\n\n"
       "`functionCode` is kept beside it for editors.");
-  declare_table<Table>(builder, kind, "eventName");
+  declare_table<Table>(owner, kind, "eventName", "list[Any]");
 }
 
 // Calls the scene's method for the event of this name in `table`, if one is bound: its name is
 // "on_", the layer's name if there is one, and the function's name. `params` holds keyword
-// arguments, or is none. `layer_name` is null for the events of a node.
-Ref call_bound_event(const Ref& table, const Ref& scene, PyObject* event, PyObject* params,
-                     PyObject* layer_name);
+// arguments, or is none. `layer_name` is empty for the events of a node.
+Ref call_bound_event(Value table, Value scene, Value event, Value params, Value layer_name = {});
 
 // The parameters of a pick event: a position on the screen.
-Ref point_params(PyObject* px, PyObject* py);
+Ref point_params(Value px, Value py);
 
 // Whether a function is bound to the event of this name.
-bool is_bound(const Ref& table, PyObject* event);
+bool is_bound(Value table, Value event);
 
-// The built-in events of a node, as a new dictionary.
-PyObject* make_node_events();
-// The built-in events of a layer, as a new dictionary.
-PyObject* make_layer_events();
+// Raises a built-in event of a node or layer, if a script has bound a function to it.
+template <class Owner>
+void raise_inner_event(Owner& owner, Value event) {
+  if (owner.is_default(owner.InnerBindingEventArray)) return;
+  Ref table = owner.read(owner.InnerBindingEventArray);
+  if (is_bound(table, event)) message::CallInnerEvent(owner, event);
+}
+
+// The same for an event at a position on the screen.
+template <class Owner>
+void raise_inner_event(Owner& owner, Value event, Value px, Value py) {
+  if (owner.is_default(owner.InnerBindingEventArray)) return;
+  Ref table = owner.read(owner.InnerBindingEventArray);
+  if (is_bound(table, event)) message::CallInnerEvent(owner, event, point_params(px, py));
+}
+
+// The built-in events of a node or a layer, as a new dictionary.
+Ref make_node_events(const host::LazyDefault&);
+Ref make_layer_events(const host::LazyDefault&);
 
 }  // namespace tessora

@@ -18,31 +18,40 @@ struct Handle {
   Number top;
 };
 
-Handle handle_at(GameNode& node, int index, const Number& size) {
-  const int row_index = index / kColumns;
-  Number column(0.5 * (index % kColumns));
-  Number row(0.5 * row_index);
-  Number half = size * Number(0.5);
-  return {node.number(node.WX) + node.number(node.width) * node.number(node.WSX) * column - half,
-          node.number(node.WY) + node.number(node.height) * node.number(node.WSY) * row - half};
+Number handle_side(GameNode& node, const GameNode::Axis& axis, double fraction,
+                   const Number& half) {
+  return node.read(node.*axis.cached_place) +
+         node.read(node.*axis.size) * node.read(node.*axis.cached_scale) * Number(fraction) - half;
 }
 
-bool in_handle(const Handle& handle, PyObject* px, PyObject* py) {
-  Number point_x(px);
-  Number point_y(py);
-  Number size(kHandleSize);
-  return point_x >= handle.left && point_x < handle.left + size && point_y >= handle.top &&
-         point_y < handle.top + size;
+Handle handle_at(GameNode& node, int index, const Number& size) {
+  const Number half = size * Number(0.5);
+  const int row = index / kColumns;
+  return {handle_side(node, kHorizontal, 0.5 * (index % kColumns), half),
+          handle_side(node, kVertical, 0.5 * row, half)};
+}
+
+bool in_handle(const Handle& handle, const Number& px, const Number& py) {
+  const Number size(kHandleSize);
+  return px >= handle.left && px < handle.left + size && py >= handle.top && py < handle.top + size;
 }
 
 // One axis of a drag. `place` counts in the parent's pixels, `size` in unscaled ones.
-struct Axis {
+struct DraggedAxis {
   Number place;
   Number size;
   Number anchor;
   Number own_scale;
   Number world_scale;   // without the camera
   Number screen_scale;  // with it
+
+  DraggedAxis(GameNode& node, const GameNode::Axis& axis)
+      : place(node.read(node.*axis.place)),
+        size(node.read(node.*axis.size)),
+        anchor(node.read(node.*axis.anchor)),
+        own_scale(node.read(node.*axis.scale)),
+        world_scale(host::ask(axis.world_scale, node)),
+        screen_scale(node.read(node.*axis.cached_scale)) {}
 
   void move(const Number& distance) {
     if (screen_scale == Number(0)) return;
@@ -64,7 +73,7 @@ struct Axis {
 
 }  // namespace
 
-Number GameNode::checkDragRect(PyObject* px, PyObject* py) {
+int GameNode::checkDragRect(Value px, Value py) {
   if (!is_true(editrectenable)) return kNoHandle;
   for (int index = 0; index < kHandles; ++index) {
     if (in_handle(handle_at(*this, index, Number(kHandleSize)), px, py)) return index;
@@ -72,64 +81,54 @@ Number GameNode::checkDragRect(PyObject* px, PyObject* py) {
   return kNoHandle;
 }
 
-void GameNode::drawDragRect(PyObject* screen, PyObject* size, PyObject* index) {
+void GameNode::drawDragRect(Value screen, Value size, Value index) {
   if (!is_true(editrectvisible)) return;
   Ref color = host::engine_value("g_pygameControl_BorderColor"_name);
   Ref active = host::engine_value("g_pygameControl_CollColor"_name);
-  Ref rect = host::modules::draw["rect"_name];
-  host::call(rect, screen, color, drawn_rect(), Number(1).object());
+  const render::Canvas canvas(screen);
+  canvas.outline(color, drawn_box(), 1);
+  const double side = Number(size).to_double();
   for (int handle = 0; handle < kHandles; ++handle) {
-    Handle corner = handle_at(*this, handle, Number(size));
-    Ref box = host::tuple(corner.left.object(), corner.top.object(), size, size);
-    bool dragged = host::equals(index, host::integer(handle).get());
-    host::call(rect, screen, dragged ? active : color, box, Number(0).object());
+    const Handle corner = handle_at(*this, handle, size);
+    const double left = corner.left.to_double();
+    const bool dragged = index.equals(host::integer(handle));
+    canvas.fill(dragged ? active : color, {left, corner.top.to_double(), side, side});
   }
 }
 
-void GameNode::OnEditRectDraging(PyObject* px, PyObject* py) {
-  if (has_children()) {
-    for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
-      message::OnEditRectDraging(child, px, py);
-    }
-  }
-  Number dragged = number(dragcornerindex);
-  if (!is_true(editrectenable) || !(dragged >= Number(0)) || !(dragged < Number(kHandles))) return;
-  int handle = static_cast<int>(dragged.plain());
-  auto* self = static_cast<PyObject*>(this);
-  Number moved_x = Number(px) - number(dragbegin_x);
-  Number moved_y = Number(py) - number(dragbegin_y);
-  Axis horizontal{
-      number(x),  number(width), number(anchorx), number(sx), Number(message::GetWSX(self).get()),
-      number(WSX)};
-  Axis vertical{
-      number(y),  number(height), number(anchory), number(sy), Number(message::GetWSY(self).get()),
-      number(WSY)};
+void GameNode::OnEditRectDraging(Value px, Value py) {
+  host::walk(*this, children, [&](Value child) { message::OnEditRectDraging(child, px, py); });
+  const std::optional<std::int64_t> dragged = Number(read(dragcornerindex)).whole();
+  if (!is_true(editrectenable) || !dragged || *dragged < 0 || *dragged >= kHandles) return;
+  const int handle = static_cast<int>(*dragged);
+  const Number moved_x = Number(px) - read(dragbegin_x);
+  const Number moved_y = Number(py) - read(dragbegin_y);
+  DraggedAxis horizontal(*this, kHorizontal);
+  DraggedAxis vertical(*this, kVertical);
   if (handle == kMiddle) {
     horizontal.move(moved_x);
     vertical.move(moved_y);
   } else {
     horizontal.resize(moved_x, handle % kColumns);
     vertical.resize(moved_y, handle / kColumns);
-    message::SetWidth(self, horizontal.size.object());
-    message::SetHeight(self, vertical.size.object());
+    message::SetWidth(*this, horizontal.size);
+    message::SetHeight(*this, vertical.size);
   }
-  message::SetXY(self, horizontal.place.object(), vertical.place.object());
+  message::SetXY(*this, horizontal.place, vertical.place);
   write(dragbegin_x, px);
   write(dragbegin_y, py);
 }
 
-void declare_edit_rectangle(NodeBuilder& builder) {
-  builder.accessors<&GameNode::editrectenable>(nullptr, "SetEditRectEnable", "v")
-      .accessors<&GameNode::editrectvisible>(nullptr, "SetEditRectVisible", "v")
-      .method<&GameNode::checkDragRect>(
-          "checkDragRect", {"x", "y"},
+void declare_edit_rectangle(NodeDeclaration& node) {
+  node.method<&GameNode::checkDragRect>(
+          "checkDragRect(x: float, y: float) -> int",
           "Return the index of the edit rectangle's handle under the point, or -2.\n\nHandles are "
           "numbered row by row from 0 (left top) to 8 (right bottom).")
       .method<&GameNode::drawDragRect>(
-          "drawDragRect", {"screen", "size", "dragcornerindex"},
+          "drawDragRect(screen: pygame.Surface, size: float, dragcornerindex: int) -> None",
           "Draw the edit rectangle with handles of `size` pixels while `editrectvisible` is true.")
       .method<&GameNode::OnEditRectDraging>(
-          "OnEditRectDraging", {"x", "y"},
+          "OnEditRectDraging(x: float, y: float) -> None",
           "Move or resize the node with the handle being dragged; the pointer is at `x`, `y`.");
 }
 

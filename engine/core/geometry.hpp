@@ -1,12 +1,13 @@
 // Tests on rectangles given by their edges or as pygame.Rect objects.
 #pragma once
 
-#include "engine/host/ref.hpp"
+#include "engine/host/number.hpp"
 
 namespace tessora {
 
-// Moves `rect2` by (moveX, moveY), in place and for good, and tests it against `rect1`.
-bool rects_collide(PyObject* rect1, PyObject* rect2, PyObject* moveX, PyObject* moveY);
+// Moves `rect2` by (move_x, move_y), in place and for good, and tests it against `rect1`.
+bool rects_collide(host::Value rect1, host::Value rect2, const host::Number& move_x,
+                   const host::Number& move_y);
 
 void register_geometry(PyObject* module);
 

@@ -2,256 +2,246 @@
 #include "engine/core/layer.hpp"
 
 #include "engine/core/binding_tables.hpp"
-#include "engine/host/attributes.hpp"
 #include "engine/host/fonts.hpp"
 
 namespace tessora {
 
-void GameLayer::construct() {
-  write(sceneInstance, Py_None);
-  write(NodeType, "GameLayer"_name);
-  write(LayerName, Py_None);
-  write(GameNodeDict, host::take(PyDict_New()));
-  write(SortGameNodeInstanceIDArray, host::list());
-  write(GameNodeKeyArray, host::list());
-  write(AddGameNodeDict, host::take(PyDict_New()));
-  write(DelGameNodeArray, host::list());
-  write(BindingEventArray, host::take(PyDict_New()));
-  write(PointArray, host::list());
-  write(LineArray, host::list());
-  write(RectArray, host::list());
-  write(InnerBindingEventArray, host::take(make_layer_events()));
-  write(UserFunctionDict, host::take(PyDict_New()));
-  write(instanceID, Number(0));
-  write(visible, true);
-  for (Slot* number : {&scrollType, &scrollSpeed, &scrollPosX, &scrollPosY}) {
-    write(*number, Number(0));
-  }
-  Ref label_font = host::call(host::modules::font["SysFont"_name], host::text("Arial"),
-                              host::integer(18), Py_False, Py_False);
-  host::note_font(label_font.get());
+void GameLayer::make_font() {
+  constexpr int kSize = 18;
+  Ref make = host::modules::font["SysFont"_name];
+  Ref label_font = make("Arial"_name, kSize, false, false);
+  host::note_font(label_font);
   write(font, label_font);
 }
 
-Ref GameLayer::fresh_keys() {
+Ref GameLayer::registered(Value id) {
   Ref nodes = read(GameNodeDict);
-  Ref keys = host::take(PyDict_CheckExact(nodes.get()) ? PyDict_Keys(nodes.get())
-                                                       : PySequence_List(nodes.get()));
-  write(GameNodeKeyArray, keys);
-  // The walk keeps a list of its own: a nested one replaces the attribute, a script may change it.
-  return host::take(PyList_GetSlice(keys.get(), 0, PyList_GET_SIZE(keys.get())));
+  return nodes.find_item(id);
 }
 
-Ref GameLayer::registered(PyObject* id) {
+void GameLayer::take_in(Value id, Value node) {
   Ref nodes = read(GameNodeDict);
-  if (PyDict_CheckExact(nodes.get())) {
-    PyObject* found = PyDict_GetItemWithError(nodes.get(), id);
-    if (found == nullptr && PyErr_Occurred() != nullptr) throw host::HostError();
-    return Ref::share(found);
-  }
-  return host::contains(nodes.get(), id) ? host::get_item(nodes.get(), id) : Ref();
-}
-
-void GameLayer::take_in(PyObject* id, PyObject* node) {
-  host::set_item(read(GameNodeDict).get(), id, node);
+  nodes.set_item(id, node);
   message::SetInstanceID(node, id);
   message::OnLoad(node, read(sceneInstance));
-  host::call_method(read(SortGameNodeInstanceIDArray), "append"_name, id);
+  Ref order = read(SortGameNodeInstanceIDArray);
+  order.append(id);
 }
 
-Ref GameLayer::AddGameNode(PyObject* node, PyObject* immediate) {
-  Ref held = Ref::share(node);
+Ref GameLayer::AddGameNode(Value node, Value immediate) {
   // The number is taken first: a node may add others when it is loaded.
   Ref id = read(instanceID);
-  Number next = Number(id.get()) + Number(1);
-  write(instanceID, next);
-  if (host::equals_true(immediate)) {
-    take_in(id.get(), node);
+  write(instanceID, Number(id) + Number(1));
+  if (immediate.equals_true()) {
+    take_in(id, node);
   } else {
-    host::set_item(read(AddGameNodeDict).get(), id.get(), node);
+    Ref waiting = read(AddGameNodeDict);
+    waiting.set_item(id, node);
   }
   return id;
 }
 
-void GameLayer::take_in_deferred() {
-  Ref waiting = read(AddGameNodeDict);
-  if (host::length(waiting.get()) == 0) return;
-  Ref keys = host::take(PySequence_List(waiting.get()));
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(keys.get()); ++index) {
-    Ref id = Ref::share(PyList_GET_ITEM(keys.get(), index));
-    if (!host::contains(waiting.get(), id.get())) continue;
-    Ref node = host::get_item(waiting.get(), id.get());
-    host::del_item(waiting.get(), id.get());
-    take_in(id.get(), node.get());
+namespace {
+
+// A node with game variables hears of each when it is taken in late.
+void bind_variables(Value node) {
+  if (!message::SetCharacterBindingVar.is_known_to(node)) return;
+  Ref variables = message::GetCharacterBindingVarArray(node);
+  for (Ref name : host::items(variables)) {
+    if (Ref value = variables.find_item(name)) message::SetCharacterBindingVar(node, name, value);
   }
 }
 
-Ref GameLayer::GetGameNode(PyObject* id) {
+}  // namespace
+
+void GameLayer::take_in_deferred() {
+  Ref waiting = read(AddGameNodeDict);
+  if (waiting.length() == 0) return;
+  for (Ref id : host::items(waiting)) {
+    Ref node = waiting.find_item(id);
+    if (!node) continue;
+    waiting.delete_item(id);
+    take_in(id, node);
+    bind_variables(node);
+  }
+}
+
+Ref GameLayer::GetGameNode(Value id) {
   Ref node = registered(id);
   return node ? node : host::none();
 }
 
-bool GameLayer::ExistGameNode(PyObject* id) {
+bool GameLayer::ExistGameNode(Value id) {
   return static_cast<bool>(registered(id));
 }
 
 Ref GameLayer::GetGameNodeCount() {
-  return host::integer(host::length(read(GameNodeDict).get()));
+  Ref nodes = read(GameNodeDict);
+  return host::integer(nodes.length());
 }
 
-void GameLayer::DelGameNode(PyObject* id) {
-  Ref number = Ref::share(id);
+void GameLayer::DelGameNode(Value id) {
   Ref node = registered(id);
-  if (!node || host::contains(read(DelGameNodeArray).get(), id)) return;
+  auto queue = [&]() -> Ref { return read(DelGameNodeArray); };
+  if (!node || queue().contains(id)) return;
   Ref below = message::GetAllChildrens(node);
-  Ref descendants = host::take(PySequence_List(below.get()));
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(descendants.get()); ++index) {
-    Ref descendant = Ref::share(PyList_GET_ITEM(descendants.get(), index));
+  for (Ref descendant : host::items(below)) {
     Ref own = message::GetInstanceID(descendant);
-    if (Number(own.get()) >= Number(0)) {
-      host::call_method(read(DelGameNodeArray), "append"_name, own);
-    }
+    if (Number(own) >= Number(0)) queue().append(own);
   }
-  host::call_method(read(DelGameNodeArray), "append"_name, number);
+  queue().append(id);
 }
 
 void GameLayer::CleanUpGameNode() {
-  each_node([&](const Ref& id, const Ref&) { DelGameNode(id.get()); });
+  each_node([&](Value id, Value) { DelGameNode(id); });
 }
 
 void GameLayer::remove_queued() {
   Ref queue = read(DelGameNodeArray);
-  if (host::length(queue.get()) == 0) return;
-  Ref numbers = host::take(PySequence_List(queue.get()));
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(numbers.get()); ++index) {
-    Ref id = Ref::share(PyList_GET_ITEM(numbers.get(), index));
+  if (queue.length() == 0) return;
+  for (Ref id : host::items(queue)) {
     // A node may be queued twice: by itself and with an ancestor.
-    if (registered(id.get())) host::call_method(read(GameNodeDict), "pop"_name, id);
+    Ref nodes = read(GameNodeDict);
+    if (nodes.contains(id)) nodes.call("pop"_name, id);
     Ref order = read(SortGameNodeInstanceIDArray);
-    if (host::contains(order.get(), id.get())) host::call_method(order, "remove"_name, id);
+    if (order.contains(id)) order.call("remove"_name, id);
   }
   write(DelGameNodeArray, host::list());
 }
 
-void GameLayer::swap_in_order(PyObject* id, Py_ssize_t step) {
-  Ref order = read(SortGameNodeInstanceIDArray);
-  if (!host::contains(order.get(), id)) return;
-  Py_ssize_t from = host::check(PySequence_Index(order.get(), id));
-  Py_ssize_t to = from + step;
-  if (to < 0 || to >= host::length(order.get())) return;
-  Ref first = host::integer(from);
-  Ref second = host::integer(to);
-  Ref mine = host::get_item(order.get(), first.get());
-  Ref other = host::get_item(order.get(), second.get());
-  host::set_item(order.get(), first.get(), other.get());
-  host::set_item(order.get(), second.get(), mine.get());
+void GameLayer::LayerUpGameNode(Value id) {
+  swap_with_neighbour(Ref(read(SortGameNodeInstanceIDArray)), id, 1);
 }
-
-void GameLayer::LayerUpGameNode(PyObject* id) {
-  swap_in_order(id, 1);
-}
-void GameLayer::LayerDownGameNode(PyObject* id) {
-  swap_in_order(id, -1);
+void GameLayer::LayerDownGameNode(Value id) {
+  swap_with_neighbour(Ref(read(SortGameNodeInstanceIDArray)), id, -1);
 }
 
 bool GameLayer::CheckAllGameNode() {
   bool consistent = true;
-  each_node([&](const Ref& id, const Ref& node) {
+  each_node([&](Value id, Value node) {
+    if (!consistent) return;
+    Ref own = message::GetInstanceID(node);
     Ref order = read(SortGameNodeInstanceIDArray);
-    consistent = consistent && host::equals(message::GetInstanceID(node).get(), id.get()) &&
-                 host::check(PySequence_Count(order.get(), id.get())) == 1;
+    consistent = own.equals(id) && host::count_of(order, id) == 1;
   });
   return consistent;
 }
 
-void GameLayer::OnLoad(PyObject* scene) {
+void GameLayer::OnLoad(Value scene) {
   write(sceneInstance, scene);
-  each_node([&](const Ref&, const Ref& node) { message::OnLoad(node, scene); });
-  raise_inner_event("Load"_name);
+  each_node([&](Value, Value node) { message::OnLoad(node, scene); });
+  raise_inner_event(*this, "Load"_name);
 }
 
 void GameLayer::OnDestroy() {
-  raise_inner_event("Destroy"_name);
-  each_node([](const Ref&, const Ref& node) { message::OnDestroy(node); });
-  write(GameNodeDict, host::take(PyDict_New()));
+  raise_inner_event(*this, "Destroy"_name);
+  each_node([](Value, Value node) { message::OnDestroy(node); });
+  write(GameNodeDict, host::dictionary());
   write(GameNodeKeyArray, host::list());
   write(DelGameNodeArray, host::list());
 }
 
 namespace {
 
-void declare_registry(LayerBuilder& builder) {
-  builder
-      .method<&GameLayer::AddGameNode>(
-          "AddGameNode", {"GameNode", {"immMode", true}},
+using Layer = GameLayer;
+
+void declare_rows(LayerDeclaration& layer) {
+  const auto list = host::made<&host::new_list>();
+  const auto dict = host::made<&host::dictionary>();
+  layer.attribute<&Layer::sceneInstance>("sceneInstance: Any", nullptr, "the owning scene, or None")
+      .getter("GetSceneInstance");
+  layer.attribute<&Layer::NodeType>("NodeType: str", "GameLayer", "kind of object, \"GameLayer\"")
+      .getter("GetNodeType");
+  layer
+      .attribute<&Layer::LayerName>("LayerName: str | None", nullptr,
+                                    "name in the scene's event methods, or None")
+      .pair("GetLayerName", "SetLayerName", "name");
+  layer
+      .attribute<&Layer::GameNodeDict>("GameNodeDict: dict[int, GameNode]", dict,
+                                       "instance number to node")
+      .getter("GetAllGameNode");
+  layer.attribute<&Layer::SortGameNodeInstanceIDArray>("SortGameNodeInstanceIDArray: list[int]",
+                                                       list, "instance numbers in draw order");
+  layer.attribute<&Layer::GameNodeKeyArray>("GameNodeKeyArray: list[int]", list,
+                                            "keys of the last walk");
+  layer.attribute<&Layer::AddGameNodeDict>("AddGameNodeDict: dict[int, GameNode]", dict,
+                                           "nodes to be added");
+  layer.attribute<&Layer::DelGameNodeArray>("DelGameNodeArray: list[int]", list,
+                                            "numbers to be removed");
+  layer.attribute<&Layer::BindingEventArray>("BindingEventArray: dict[str, list[Any]]", dict,
+                                             "named script events");
+  layer.attribute<&Layer::PointArray>("PointArray: list[list[Any]]", list, "debug points")
+      .getter("GetPointArray");
+  layer.attribute<&Layer::LineArray>("LineArray: list[list[Any]]", list, "debug lines")
+      .getter("GetLineArray");
+  layer.attribute<&Layer::RectArray>("RectArray: list[list[Any]]", list, "debug rectangles")
+      .getter("GetRectArray");
+  layer.attribute<&Layer::InnerBindingEventArray>("InnerBindingEventArray: dict[str, list[Any]]",
+                                                  host::lazily(&make_layer_events),
+                                                  "built-in events");
+  layer.attribute<&Layer::UserFunctionDict>("UserFunctionDict: dict[Any, Any]", dict,
+                                            "free for scripts");
+  layer.attribute<&Layer::instanceID>("instanceID: int", 0, "the next instance number");
+  layer
+      .attribute<&Layer::visible>("visible: bool", true,
+                                  "whether the layer updates, draws, takes input")
+      .pair("IsVisible", "SetVisible", "v");
+  layer.attribute<&Layer::scrollType>("scrollType: int", 0,
+                                      "0 none, 1 left, 2 right, 3 up, 4 down");
+  layer.attribute<&Layer::scrollSpeed>("scrollSpeed: float", 0, "scroll speed, pixels per second");
+  layer.pair<&Layer::scrollType, &Layer::scrollSpeed>("GetAutoScroll", "SetAutoScroll",
+                                                      "(scrollType: int, scrollSpeed: float)");
+  layer.attribute<&Layer::scrollPosX>("scrollPosX: float", 0, "horizontal scroll offset, pixels");
+  layer.attribute<&Layer::scrollPosY>("scrollPosY: float", 0, "vertical scroll offset, pixels");
+  layer.attribute<&Layer::font>("font: pygame.font.Font", host::unset(),
+                                "font of the labels of debug points");
+  layer.step<&Layer::make_font>();
+}
+
+void declare_registry(LayerDeclaration& layer) {
+  layer
+      .method<&Layer::AddGameNode>(
+          "AddGameNode(GameNode: GameNode, immMode: bool = True) -> int",
           "Register a node and return its instance number.\n\nWith `immMode` true the node is in "
           "the layer at once, otherwise from the end of the next draw.")
-      .method<&GameLayer::GetGameNode>("GetGameNode", {"instanceID"},
-                                       "Return the node of that number, or None.")
-      .method<&GameLayer::ExistGameNode>("ExistGameNode", {"instanceID"},
-                                         "Return whether a node has that number.")
-      .accessors<&GameLayer::GameNodeDict>("GetAllGameNode", nullptr, "nodes")
-      .method<&GameLayer::GetGameNodeCount>("GetGameNodeCount",
-                                            "Return the number of registered nodes.")
-      .method<&GameLayer::DelGameNode>(
-          "DelGameNode", {"instanceID"},
+      .method<&Layer::GetGameNode>("GetGameNode(instanceID: int) -> GameNode | None",
+                                   "Return the node of that number, or None.")
+      .method<&Layer::ExistGameNode>("ExistGameNode(instanceID: int) -> bool",
+                                     "Return whether a node has that number.")
+      .method<&Layer::GetGameNodeCount>("GetGameNodeCount() -> int",
+                                        "Return the number of registered nodes.")
+      .method<&Layer::DelGameNode>(
+          "DelGameNode(instanceID: int) -> None",
           "Queue a node and its registered descendants for removal at the end of the next update.")
-      .method<&GameLayer::CleanUpGameNode>("CleanUpGameNode", "Queue every node for removal.")
-      .method<&GameLayer::LayerUpGameNode>("LayerUpGameNode", {"instanceID"},
-                                           "Draw the node one step later, so higher.")
-      .method<&GameLayer::LayerDownGameNode>("LayerDownGameNode", {"instanceID"},
-                                             "Draw the node one step earlier, so lower.")
-      .method<&GameLayer::CheckAllGameNode>(
-          "CheckAllGameNode",
+      .method<&Layer::CleanUpGameNode>("CleanUpGameNode() -> None", "Queue every node for removal.")
+      .method<&Layer::LayerUpGameNode>("LayerUpGameNode(instanceID: int) -> None",
+                                       "Draw the node one step later, so higher.")
+      .method<&Layer::LayerDownGameNode>("LayerDownGameNode(instanceID: int) -> None",
+                                         "Draw the node one step earlier, so lower.")
+      .method<&Layer::CheckAllGameNode>(
+          "CheckAllGameNode() -> bool",
           "Return whether every node has its number and stands once in the draw order.")
-      .method<&GameLayer::OnLoad>("OnLoad", {"scene"},
-                                  "Store the scene and tell it to every registered node.")
-      .method<&GameLayer::OnDestroy>("OnDestroy", "Destroy every registered node and forget them.");
+      .method<&Layer::OnLoad>("OnLoad(scene: Any) -> None",
+                              "Store the scene and tell it to every registered node.")
+      .method<&Layer::OnDestroy>("OnDestroy() -> None",
+                                 "Destroy every registered node and forget them.");
 }
 
 }  // namespace
 
 void register_layer(PyObject* module) {
-  LayerBuilder builder("GameLayer", nullptr);
-  builder.attribute("sceneInstance", &GameLayer::sceneInstance, "the owning scene, or None")
-      .attribute("NodeType", &GameLayer::NodeType, "kind of object, \"GameLayer\"")
-      .attribute("LayerName", &GameLayer::LayerName, "name in the scene's event methods, or None")
-      .attribute("GameNodeDict", &GameLayer::GameNodeDict, "instance number to node")
-      .attribute("SortGameNodeInstanceIDArray", &GameLayer::SortGameNodeInstanceIDArray,
-                 "instance numbers in draw order")
-      .attribute("GameNodeKeyArray", &GameLayer::GameNodeKeyArray, "keys of the last walk")
-      .attribute("AddGameNodeDict", &GameLayer::AddGameNodeDict, "nodes to be added")
-      .attribute("DelGameNodeArray", &GameLayer::DelGameNodeArray, "numbers to be removed")
-      .attribute("BindingEventArray", &GameLayer::BindingEventArray, "named script events")
-      .attribute("PointArray", &GameLayer::PointArray, "debug points")
-      .attribute("LineArray", &GameLayer::LineArray, "debug lines")
-      .attribute("RectArray", &GameLayer::RectArray, "debug rectangles")
-      .attribute("InnerBindingEventArray", &GameLayer::InnerBindingEventArray, "built-in events")
-      .attribute("UserFunctionDict", &GameLayer::UserFunctionDict, "free for scripts")
-      .attribute("instanceID", &GameLayer::instanceID, "the next instance number")
-      .attribute("visible", &GameLayer::visible, "whether the layer updates, draws, takes input")
-      .attribute("scrollType", &GameLayer::scrollType, "0 none, 1 left, 2 right, 3 up, 4 down")
-      .attribute("scrollSpeed", &GameLayer::scrollSpeed, "scroll speed, pixels per second")
-      .attribute("scrollPosX", &GameLayer::scrollPosX, "horizontal scroll offset, pixels")
-      .attribute("scrollPosY", &GameLayer::scrollPosY, "vertical scroll offset, pixels")
-      .attribute("font", &GameLayer::font, "font of the labels of debug points");
-  builder.constructor<&GameLayer::construct>(
-      {},
+  LayerDeclaration layer(
+      module, "GameLayer",
       "A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.\n\n"
       "pygame's font module must be initialised.");
-  host::add_object_protocol(builder);
-  builder.accessors<&GameLayer::LayerName>("GetLayerName", "SetLayerName", "name")
-      .accessors<&GameLayer::visible>("IsVisible", "SetVisible", "v")
-      .accessors<&GameLayer::scrollType, &GameLayer::scrollSpeed>("GetAutoScroll", "SetAutoScroll",
-                                                                  "scrollType", "scrollSpeed")
-      .accessors<&GameLayer::sceneInstance>("GetSceneInstance", nullptr, "scene")
-      .accessors<&GameLayer::NodeType>("GetNodeType", nullptr, "type");
-  declare_registry(builder);
-  declare_layer_frame(builder);
-  declare_layer_shapes(builder);
-  declare_events_table<&GameLayer::BindingEventArray>(builder, "BindingEvent");
-  declare_events_table<&GameLayer::InnerBindingEventArray>(builder, "InnerBindingEvent");
-  builder.finish(module);
+  layer.constructor("()");
+  declare_rows(layer);
+  declare_registry(layer);
+  declare_layer_frame(layer);
+  declare_layer_shapes(layer);
+  declare_events_table<&Layer::BindingEventArray>(layer, "BindingEvent");
+  declare_events_table<&Layer::InnerBindingEventArray>(layer, "InnerBindingEvent");
+  layer.finish();
 }
 
 }  // namespace tessora

@@ -9,67 +9,69 @@ struct GameLayer : host::Object {
   Slot sceneInstance, NodeType, LayerName;
   Slot GameNodeDict, SortGameNodeInstanceIDArray, GameNodeKeyArray, AddGameNodeDict,
       DelGameNodeArray;
-  Slot BindingEventArray, PointArray, LineArray, RectArray, InnerBindingEventArray,
-      UserFunctionDict;
+  Slot BindingEventArray, PointArray, LineArray, RectArray;
+  LazySlot InnerBindingEventArray;
+  Slot UserFunctionDict;
   Slot instanceID, visible, scrollType, scrollSpeed, scrollPosX, scrollPosY, font;
 
-  void construct();
-
   // Registry: layer.cpp
-  Ref AddGameNode(PyObject* node, PyObject* immediate);
-  Ref GetGameNode(PyObject* id);
-  bool ExistGameNode(PyObject* id);
+  void make_font();
+  Ref AddGameNode(Value node, Value immediate);
+  Ref GetGameNode(Value id);
+  bool ExistGameNode(Value id);
   Ref GetGameNodeCount();
-  void DelGameNode(PyObject* id);
+  void DelGameNode(Value id);
   void CleanUpGameNode();
-  void LayerUpGameNode(PyObject* id);
-  void LayerDownGameNode(PyObject* id);
+  void LayerUpGameNode(Value id);
+  void LayerDownGameNode(Value id);
   bool CheckAllGameNode();
-  void OnLoad(PyObject* scene);
+  void OnLoad(Value scene);
   void OnDestroy();
+  // Takes in the nodes that wait to be added.
+  void take_in_deferred();
+  void remove_queued();
+  // The node of that number, or an empty reference.
+  Ref registered(Value id);
 
   // Frame and input: layer_frame.cpp
-  void update(PyObject* delay);
-  void draw(PyObject* screen);
-  void OnPickDownFunction(PyObject* px, PyObject* py);
-  void OnPickUpFunction(PyObject* px, PyObject* py);
-  void OnKeyDownFunction(PyObject* key);
-  void OnKeyUpFunction(PyObject* key);
-  void OnEditRectDraging(PyObject* px, PyObject* py);
-  bool checkCollision(PyObject* node, PyObject* move_x, PyObject* move_y);
-  bool checkEventRectCollision(PyObject* rect, PyObject* move_x, PyObject* move_y);
-  Ref CallEvent(PyObject* event, PyObject* params);
-  Ref CallInnerEvent(PyObject* event, PyObject* params);
+  void update(Value delay);
+  void draw(Value screen);
+  void OnPickDownFunction(Value px, Value py);
+  void OnPickUpFunction(Value px, Value py);
+  void OnKeyDownFunction(Value key);
+  void OnKeyUpFunction(Value key);
+  void OnEditRectDraging(Value px, Value py);
+  bool checkCollision(Value node, Value move_x, Value move_y);
+  bool checkEventRectCollision(Value rect, Value move_x, Value move_y);
+  Ref CallEvent(Value event, Value params);
+  Ref CallInnerEvent(Value event, Value params);
 
   // Debug shapes: layer_shapes.cpp
-  void draw_shapes(PyObject* screen);
+  void draw_shapes(Value screen);
 
   // Calls `visit` for every registered node, in key order. Nodes that a handler removes are passed
   // over, nodes that it adds wait for the next walk.
   template <class Visit>
   void each_node(Visit visit) {
-    Ref keys = fresh_keys();
-    for (Py_ssize_t index = 0; index < PyList_GET_SIZE(keys.get()); ++index) {
-      Ref key = Ref::share(PyList_GET_ITEM(keys.get(), index));
-      if (Ref node = registered(key.get())) visit(key, node);
+    Ref nodes = read(GameNodeDict);
+    if (nodes.length() == 0) return;
+    Ref keys = nodes.to_list();
+    write(GameNodeKeyArray, keys);
+    // The walk keeps a list of its own: a nested one replaces the attribute, a script may change
+    // it.
+    for (Ref key : host::items(keys.to_list())) {
+      if (Ref node = registered(key)) visit(key, node);
     }
   }
-  // The node of that number, or an empty reference.
-  Ref registered(PyObject* id);
-  void raise_inner_event(PyObject* event, PyObject* params = nullptr);
 
  private:
-  Ref fresh_keys();
-  void take_in(PyObject* id, PyObject* node);
-  void take_in_deferred();
-  void scroll(PyObject* delay);
-  void remove_queued();
-  void swap_in_order(PyObject* id, Py_ssize_t step);
+  void take_in(Value id, Value node);
+  void scroll(Value delay);
 };
 
-using LayerBuilder = host::ClassBuilder<GameLayer>;
-void declare_layer_frame(LayerBuilder& builder);
-void declare_layer_shapes(LayerBuilder& builder);
+using LayerDeclaration = host::Declaration<GameLayer>;
+void declare_layer_frame(LayerDeclaration& layer);
+void declare_layer_shapes(LayerDeclaration& layer);
 void register_layer(PyObject* module);
 
 }  // namespace tessora

@@ -6,185 +6,180 @@ namespace tessora {
 
 namespace {
 
-// The collision kind of a node that takes part in no collision.
-constexpr int kNoCollision = -1;
-
-bool takes_part_in_collisions(PyObject* node) {
-  Ref kind = host::find_attr(node, "collisionType"_name);
-  return !kind || !host::equals(kind.get(), host::integer(kNoCollision).get());
+// Nodes of type -1 have no collision shape, but for tile maps, which collide by their cells.
+bool takes_part_in_collisions(Value node) {
+  Ref kind = node.find_attr("collisionType"_name);
+  if (!kind || !kind.equals(host::integer(-1))) return true;
+  Ref type = node.find_attr("NodeType"_name);
+  return type && type.is_text("TiledMap"_name);
 }
 
-std::pair<Ref, Ref> scene_size(const Ref& scene) {
-  Ref size = host::call_method(scene, "GetSceneSize"_name);
-  Ref items = host::take(PySequence_List(size.get()));
-  Py_ssize_t count = PyList_GET_SIZE(items.get());
-  if (count > 2) host::raise(PyExc_ValueError, "too many values to unpack (expected 2)");
-  if (count < 2) {
-    PyErr_Format(PyExc_ValueError, "not enough values to unpack (expected 2, got %zd)", count);
-    throw host::HostError();
+// A tile map answers for both directions.
+bool is_hit(Value answer) {
+  if (!answer.is_plain_tuple()) return answer.is_true();
+  return host::any_of(answer, [](Value part) { return part.is_true(); });
+}
+
+// Whether a node other than `own` says yes.
+template <class... Args>
+bool any_hit(GameLayer& layer, Value own, const host::Message& test, const Args&... args) {
+  bool hit = false;
+  layer.each_node([&](Value, Value other) {
+    if (hit || other.is(own) || !takes_part_in_collisions(other)) return;
+    Ref answer = test(other, args...);
+    hit = is_hit(answer);
+  });
+  return hit;
+}
+
+std::pair<Number, Number> scene_size(Value scene) {
+  Ref size = scene.call("GetSceneSize"_name);
+  const host::Items sides = host::items(size);
+  if (sides.size() > 2) host::raise(PyExc_ValueError, "too many values to unpack (expected 2)");
+  if (sides.size() < 2) {
+    host::raise(PyExc_ValueError, "not enough values to unpack (expected 2, got %zd)",
+                sides.size());
   }
-  return {Ref::share(PyList_GET_ITEM(items.get(), 0)), Ref::share(PyList_GET_ITEM(items.get(), 1))};
+  return {sides[0], sides[1]};
 }
 
 }  // namespace
 
-void GameLayer::scroll(PyObject* delay) {
-  if (!is_set(sceneInstance) || !(number(scrollType) > Number(0))) return;
-  auto [wide, high] = scene_size(read(sceneInstance));
-  Number width(wide.get());
-  Number height(high.get());
-  Ref type = read(scrollType);
-  Number step = number(scrollSpeed) * Number(delay);
-  Number zero(0);
-  auto is = [&](int kind) { return Number(type.get()) == Number(kind); };
-  if (is(1)) {
-    write(scrollPosX, number(scrollPosX) - step);
-    if (number(scrollPosX) + width < zero) write(scrollPosX, zero + width);
-  } else if (is(2)) {
-    write(scrollPosX, number(scrollPosX) + step);
-    if (number(scrollPosX) > zero + width) write(scrollPosX, zero - width);
-  } else if (is(3)) {
-    write(scrollPosY, number(scrollPosY) - step);
+void GameLayer::scroll(Value delay) {
+  if (!is_set(sceneInstance) || !(read(scrollType) > Number(0))) return;
+  Ref scene = read(sceneInstance);
+  const auto [width, height] = scene_size(scene);
+  const Number type = read(scrollType);
+  const Number step = read(scrollSpeed) * Number(delay);
+  const Number zero(0);
+  if (type == Number(1)) {
+    write(scrollPosX, read(scrollPosX) - step);
+    if (read(scrollPosX) + width < zero) write(scrollPosX, zero + width);
+  } else if (type == Number(2)) {
+    write(scrollPosX, read(scrollPosX) + step);
+    if (read(scrollPosX) > zero + width) write(scrollPosX, zero - width);
+  } else if (type == Number(3)) {
+    write(scrollPosY, read(scrollPosY) - step);
     // Upwards it starts again at the width, not at the height: games place their backgrounds so.
-    if (number(scrollPosY) + height < zero) write(scrollPosY, zero + width);
-  } else if (is(4)) {
-    write(scrollPosY, number(scrollPosY) + step);
-    if (number(scrollPosY) > zero + height) write(scrollPosY, zero - height);
+    if (read(scrollPosY) + height < zero) write(scrollPosY, zero + width);
+  } else if (type == Number(4)) {
+    write(scrollPosY, read(scrollPosY) + step);
+    if (read(scrollPosY) > zero + height) write(scrollPosY, zero - height);
   }
 }
 
-void GameLayer::update(PyObject* delay) {
-  if (!is_visible(this)) return;
+void GameLayer::update(Value delay) {
+  if (!is_visible(*this)) return;
   scroll(delay);
-  if (host::length(read(GameNodeDict).get()) != 0) {
-    each_node([&](const Ref&, const Ref& node) { message::update(node, delay); });
-  }
+  each_node([&](Value, Value node) { message::update(node, delay); });
   remove_queued();
-  raise_inner_event("Update"_name);
+  raise_inner_event(*this, "Update"_name);
 }
 
-void GameLayer::draw(PyObject* screen) {
-  if (!is_visible(this)) return;
-  static PyObject* const scale = host::real(1.0).release();
+void GameLayer::draw(Value screen) {
+  if (!is_visible(*this)) return;
   Ref order = read(SortGameNodeInstanceIDArray);
-  Ref numbers = host::take(PySequence_List(order.get()));
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(numbers.get()); ++index) {
-    Ref node = registered(PyList_GET_ITEM(numbers.get(), index));
-    if (node) message::draw(node, screen, read(scrollPosX), read(scrollPosY), scale);
+  for (Ref id : host::items(order)) {
+    Ref node = registered(id);
+    if (node) message::draw(node, screen, read(scrollPosX), read(scrollPosY), 1.0_const);
   }
   draw_shapes(screen);
   take_in_deferred();
-  raise_inner_event("Render"_name);
+  raise_inner_event(*this, "Render"_name);
 }
 
 namespace {
 
-// Offers an input to every registered node: none of them stops the walk.
+// Offers an input to every registered node: none of them stops the walk. False for a hidden layer.
 template <class... Args>
 bool forward(GameLayer& layer, const host::Message& handler, Args... args) {
-  if (!is_visible(&layer)) return false;
-  if (host::length(layer.read(layer.GameNodeDict).get()) == 0) return true;
-  layer.each_node([&](const Ref&, const Ref& node) { handler(node, args...); });
+  if (!is_visible(layer)) return false;
+  layer.each_node([&](Value, Value node) { handler(node, args...); });
   return true;
 }
 
 }  // namespace
 
-void GameLayer::OnPickDownFunction(PyObject* px, PyObject* py) {
+void GameLayer::OnPickDownFunction(Value px, Value py) {
   if (!forward(*this, message::OnPickDownFunction, px, py)) return;
-  raise_inner_event("PickDown"_name, point_params(px, py).get());
+  raise_inner_event(*this, "PickDown"_name, px, py);
 }
 
-void GameLayer::OnPickUpFunction(PyObject* px, PyObject* py) {
+void GameLayer::OnPickUpFunction(Value px, Value py) {
   if (!forward(*this, message::OnPickUpFunction, px, py)) return;
-  raise_inner_event("PickUp"_name, point_params(px, py).get());
+  raise_inner_event(*this, "PickUp"_name, px, py);
 }
 
-void GameLayer::OnKeyDownFunction(PyObject* key) {
+void GameLayer::OnKeyDownFunction(Value key) {
   forward(*this, message::OnKeyDownFunction, key);
 }
 
-void GameLayer::OnKeyUpFunction(PyObject* key) {
+void GameLayer::OnKeyUpFunction(Value key) {
   forward(*this, message::OnKeyUpFunction, key);
 }
 
-void GameLayer::OnEditRectDraging(PyObject* px, PyObject* py) {
+void GameLayer::OnEditRectDraging(Value px, Value py) {
   forward(*this, message::OnEditRectDraging, px, py);
 }
 
-bool GameLayer::checkCollision(PyObject* node, PyObject* move_x, PyObject* move_y) {
-  bool hit = false;
-  each_node([&](const Ref&, const Ref& other) {
-    if (hit || other.get() == node || !takes_part_in_collisions(other.get())) return;
-    hit = host::is_true(message::checkCollision(other, node, move_x, move_y));
-  });
-  return hit;
+bool GameLayer::checkCollision(Value node, Value move_x, Value move_y) {
+  return any_hit(*this, node, message::checkCollision, node, move_x, move_y);
 }
 
-bool GameLayer::checkEventRectCollision(PyObject* rect, PyObject* move_x, PyObject* move_y) {
-  bool hit = false;
-  each_node([&](const Ref&, const Ref& other) {
-    if (hit || !takes_part_in_collisions(other.get())) return;
-    hit = host::is_true(message::checkEventRectCollision(other, rect, move_x, move_y));
-  });
-  return hit;
+bool GameLayer::checkEventRectCollision(Value rect, Value move_x, Value move_y) {
+  return any_hit(*this, rect, message::checkEventRectCollision, rect, move_x, move_y);
 }
 
-Ref GameLayer::CallEvent(PyObject* event, PyObject* params) {
-  return call_bound_event(read(BindingEventArray), read(sceneInstance), event, params,
-                          read(LayerName).get());
+Ref GameLayer::CallEvent(Value event, Value params) {
+  Ref table = read(BindingEventArray);
+  Ref scene = read(sceneInstance);
+  return call_bound_event(table, scene, event, params, Ref(read(LayerName)));
 }
 
-Ref GameLayer::CallInnerEvent(PyObject* event, PyObject* params) {
-  return call_bound_event(read(InnerBindingEventArray), read(sceneInstance), event, params,
-                          read(LayerName).get());
+Ref GameLayer::CallInnerEvent(Value event, Value params) {
+  Ref table = read(InnerBindingEventArray);
+  Ref scene = read(sceneInstance);
+  return call_bound_event(table, scene, event, params, Ref(read(LayerName)));
 }
 
-void GameLayer::raise_inner_event(PyObject* event, PyObject* params) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_bound(read(InnerBindingEventArray), event)) return;
-  if (params == nullptr) {
-    message::CallInnerEvent(self, event);
-  } else {
-    message::CallInnerEvent(self, event, params);
-  }
-}
-
-void declare_layer_frame(LayerBuilder& builder) {
-  builder
-      .method<&GameLayer::update>(
-          "update", {"delay"},
+void declare_layer_frame(LayerDeclaration& layer) {
+  using Layer = GameLayer;
+  layer
+      .method<&Layer::update>(
+          "update(delay: float) -> None",
           "Advance the layer by `delay` seconds: scroll, update the nodes, remove queued ones.\n\n"
           "A hidden layer does nothing.")
-      .method<&GameLayer::draw>(
-          "draw", {"screen"},
+      .method<&Layer::draw>(
+          "draw(screen: pygame.Surface) -> None",
           "Draw the nodes in draw order with the scroll position as camera, then the debug shapes, "
           "then take in the nodes that wait to be added.")
-      .method<&GameLayer::OnPickDownFunction>("OnPickDownFunction", {"x", "y"},
-                                              "Offer a press (screen pixels) to every node.")
-      .method<&GameLayer::OnPickUpFunction>("OnPickUpFunction", {"x", "y"},
-                                            "Offer a release (screen pixels) to every node.")
-      .method<&GameLayer::OnKeyDownFunction>("OnKeyDownFunction", {"key"},
-                                             "Offer a pressed key to every node.")
-      .method<&GameLayer::OnKeyUpFunction>("OnKeyUpFunction", {"key"},
-                                           "Offer a released key to every node.")
-      .method<&GameLayer::OnEditRectDraging>(
-          "OnEditRectDraging", {"x", "y"},
+      .method<&Layer::OnPickDownFunction>("OnPickDownFunction(x: float, y: float) -> None",
+                                          "Offer a press (screen pixels) to every node.")
+      .method<&Layer::OnPickUpFunction>("OnPickUpFunction(x: float, y: float) -> None",
+                                        "Offer a release (screen pixels) to every node.")
+      .method<&Layer::OnKeyDownFunction>("OnKeyDownFunction(key: Hashable) -> None",
+                                         "Offer a pressed key to every node.")
+      .method<&Layer::OnKeyUpFunction>("OnKeyUpFunction(key: Hashable) -> None",
+                                       "Offer a released key to every node.")
+      .method<&Layer::OnEditRectDraging>(
+          "OnEditRectDraging(x: float, y: float) -> None",
           "Tell the pointer's position to every node, of which one may be dragged.")
-      .method<&GameLayer::checkCollision>(
-          "checkCollision", {"gameNode", {"moveX", 0}, {"moveY", 0}},
+      .method<&Layer::checkCollision>(
+          "checkCollision(gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool",
           "Return whether `gameNode`, moved by so many pixels, hits another node whose "
-          "`collisionType` is not -1.")
-      .method<&GameLayer::checkEventRectCollision>(
-          "checkEventRectCollision", {"objrect", {"moveX", 0}, {"moveY", 0}},
-          "Return whether the moved rectangle hits a node whose `collisionType` is not -1.")
-      .method<&GameLayer::CallEvent>(
-          "CallEvent", {"eventName", {"params", nullptr}},
+          "`collisionType` is not -1, or a tile map.")
+      .method<&Layer::checkEventRectCollision>(
+          "checkEventRectCollision(objrect: _RectValue, moveX: float = 0, moveY: float = 0) -> "
+          "bool",
+          "Return whether the moved rectangle hits a node whose `collisionType` is not -1, or a "
+          "tile map.")
+      .method<&Layer::CallEvent>(
+          "CallEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
           "Call the scene's method \"on_\" + layer name + \"_\" + function name that is bound to "
           "the event.\n\n`params` is a dictionary of keyword arguments. Returns the method's "
           "result, None when nothing is bound or the scene has no such method.")
-      .method<&GameLayer::CallInnerEvent>(
-          "CallInnerEvent", {"eventName", {"params", nullptr}},
+      .method<&Layer::CallInnerEvent>(
+          "CallInnerEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
           "Call the scene's method that is bound to a built-in event, as CallEvent does.");
 }
 

@@ -1,126 +1,121 @@
 // Debug shapes of a layer: labelled points, lines and rectangles in screen coordinates.
 #include "engine/core/layer.hpp"
-#include "engine/host/fonts.hpp"
 
 namespace tessora {
 
 namespace {
 
+using render::Box;
+using render::Canvas;
+using render::Point;
+
 constexpr int kMarker = 5;
 constexpr int kMarkerReach = 2;
 constexpr int kLineWidth = 1;
 
-Ref item(const Ref& shape, int index) {
-  return host::get_item(shape.get(), host::integer(index).get());
+double number_at(Value shape, Py_ssize_t index) {
+  Ref value = shape.item(index);
+  return Number(value).to_double();
 }
 
-Ref point_text(const Ref& px, const Ref& py) {
-  return host::take(PyUnicode_FromFormat("(%S,%S)", px.get(), py.get()));
+// Both corners of a line or rectangle.
+struct Corners {
+  double x1, y1, x2, y2;
+  explicit Corners(Value shape)
+      : x1(number_at(shape, 2)),
+        y1(number_at(shape, 3)),
+        x2(number_at(shape, 4)),
+        y2(number_at(shape, 5)) {}
+};
+
+Ref point_text(Value shape) {
+  Ref px = shape.item(2);
+  Ref py = shape.item(3);
+  return host::formatted("(%S,%S)", px, py);
 }
 
-void draw_point(const Ref& shape, PyObject* screen, const Ref& color, const Ref& font) {
-  Ref px = item(shape, 2);
-  Ref py = item(shape, 3);
-  Number left = host::number(px) - Number(kMarkerReach);
-  Number top = host::number(py) - Number(kMarkerReach);
-  Ref marker =
-      host::tuple(left.object(), top.object(), host::integer(kMarker), host::integer(kMarker));
-  host::call(host::modules::draw["rect"_name], screen, color, marker, host::integer(0));
-  host::check_font(font.get());
-  Ref label = host::call_method(font, "render"_name, point_text(px, py), Py_True, color);
-  label = host::call_method(label, "convert_alpha"_name);
-  Ref place = host::tuple((left + Number(kMarker + kLineWidth)).object(), top.object());
-  host::call_method(screen, "blit"_name, label, place);
+void draw_point(const Canvas& canvas, Value shape, Value color, Value font) {
+  const double left = number_at(shape, 2) - kMarkerReach;
+  const double top = number_at(shape, 3) - kMarkerReach;
+  canvas.fill(color, {left, top, kMarker, kMarker});
+  Ref words = point_text(shape);
+  Ref label = render::text_picture(font, words, color);
+  if (label) canvas.blit(label, {left + kMarker + kLineWidth, top});
 }
 
-void draw_line(const Ref& shape, PyObject* screen, const Ref& color) {
-  host::call(host::modules::draw["line"_name], screen, color,
-             host::tuple(item(shape, 2), item(shape, 3)),
-             host::tuple(item(shape, 4), item(shape, 5)), host::integer(kLineWidth));
+void draw_line(const Canvas& canvas, Value shape, Value color) {
+  const Corners ends(shape);
+  canvas.line(color, {ends.x1, ends.y1}, {ends.x2, ends.y2}, kLineWidth);
 }
 
-// The shape holds two corners; pygame wants the smaller one and a size.
-void draw_rect(const Ref& shape, PyObject* screen, const Ref& color) {
-  Number corners[] = {host::number(item(shape, 2)), host::number(item(shape, 3)),
-                      host::number(item(shape, 4)), host::number(item(shape, 5))};
-  if (corners[2] < corners[0]) std::swap(corners[0], corners[2]);
-  if (corners[3] < corners[1]) std::swap(corners[1], corners[3]);
-  Ref box = host::tuple(corners[0].object(), corners[1].object(),
-                        (corners[2] - corners[0]).object(), (corners[3] - corners[1]).object());
-  host::call(host::modules::draw["rect"_name], screen, color, box, host::integer(kLineWidth));
-}
-
-template <class Draw>
-void each_shape(const Ref& shapes, Draw draw) {
-  if (host::length(shapes.get()) == 0) return;
-  Ref copy = host::take(PySequence_List(shapes.get()));
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(copy.get()); ++index) {
-    draw(Ref::share(PyList_GET_ITEM(copy.get(), index)));
-  }
+// The shape holds two opposite corners, in any order.
+void draw_rect(const Canvas& canvas, Value shape, Value color) {
+  const Corners box(shape);
+  const double left = std::min(box.x1, box.x2);
+  const double top = std::min(box.y1, box.y2);
+  const Box outline{left, top, std::max(box.x1, box.x2) - left, std::max(box.y1, box.y2) - top};
+  canvas.outline(color, outline, kLineWidth);
 }
 
 template <auto Shapes>
-Ref add_point(host::Object& self, PyObject* const* args) {
-  auto& layer = static_cast<GameLayer&>(self);
-  host::call_method(layer.read(layer.*Shapes), "append"_name,
-                    host::list(args[0], args[1], args[2], args[3]));
-  return host::none();
-}
-
-template <auto Shapes>
-Ref add_box(host::Object& self, PyObject* const* args) {
-  auto& layer = static_cast<GameLayer&>(self);
-  host::call_method(layer.read(layer.*Shapes), "append"_name,
-                    host::list(args[0], args[1], args[2], args[3], args[4], args[5]));
-  return host::none();
-}
-
-template <auto Shapes>
-Ref delete_shape(host::Object& self, PyObject* const* args) {
-  auto& layer = static_cast<GameLayer&>(self);
+void add_point(GameLayer& layer, Value name, Value type, Value px, Value py) {
   Ref shapes = layer.read(layer.*Shapes);
-  Number index(args[0]);
-  if (index >= Number(0) && index < Number(host::integer(host::length(shapes.get())).get())) {
-    host::call_method(shapes, "pop"_name, args[0]);
-  }
-  return host::none();
+  shapes.append(host::list(name, type, px, py));
+}
+
+template <auto Shapes>
+void add_box(GameLayer& layer, Value name, Value type, Value x1, Value y1, Value x2, Value y2) {
+  Ref shapes = layer.read(layer.*Shapes);
+  shapes.append(host::list(name, type, x1, y1, x2, y2));
+}
+
+template <auto Shapes>
+void delete_shape(GameLayer& layer, Value index) {
+  Ref shapes = layer.read(layer.*Shapes);
+  const Number place(index);
+  if (place >= Number(0) && place < Number(shapes.length())) shapes.call("pop"_name, index);
 }
 
 }  // namespace
 
-void GameLayer::draw_shapes(PyObject* screen) {
-  auto is_empty = [&](const Slot& shapes) { return host::length(read(shapes).get()) == 0; };
+void GameLayer::draw_shapes(Value screen) {
+  auto is_empty = [&](const Slot& shapes) {
+    if (holds_empty_list(shapes)) return true;
+    Ref list = read(shapes);
+    return list.length() == 0;
+  };
   if (is_empty(PointArray) && is_empty(LineArray) && is_empty(RectArray)) return;
-  Ref color = host::call(host::modules::pygame["Color"_name], "red"_name);
-  each_shape(read(PointArray),
-             [&](const Ref& shape) { draw_point(shape, screen, color, read(font)); });
-  each_shape(read(LineArray), [&](const Ref& shape) { draw_line(shape, screen, color); });
-  each_shape(read(RectArray), [&](const Ref& shape) { draw_rect(shape, screen, color); });
+  Ref make = host::modules::pygame["Color"_name];
+  Ref color = make("red"_name);
+  const Canvas canvas(screen);
+  auto each = [&](const Slot& shapes, auto draw_shape) {
+    Ref list = read(shapes);
+    for (Ref shape : host::items(list)) draw_shape(shape);
+  };
+  each(PointArray, [&](Value shape) { draw_point(canvas, shape, color, Ref(read(font))); });
+  each(LineArray, [&](Value shape) { draw_line(canvas, shape, color); });
+  each(RectArray, [&](Value shape) { draw_rect(canvas, shape, color); });
 }
 
-void declare_layer_shapes(LayerBuilder& builder) {
-  builder
-      .native_method<&add_point<&GameLayer::PointArray>, 4>(
-          "AddPoint", {"pointName", "pointType", "px", "py"},
+void declare_layer_shapes(LayerDeclaration& layer) {
+  using Layer = GameLayer;
+  constexpr const char* kIgnored =
+      "Remove the one at that position; positions out of range are ignored.";
+  layer
+      .method<&add_point<&Layer::PointArray>>(
+          "AddPoint(pointName: str, pointType: Any, px: float, py: float) -> None",
           "Add a debug point at screen pixels `px`, `py`.")
-      .native_method<&add_box<&GameLayer::LineArray>, 6>(
-          "AddLine", {"lineName", "lineType", "x1", "y1", "x2", "y2"},
+      .method<&add_box<&Layer::LineArray>>(
+          "AddLine(lineName: str, lineType: Any, x1: float, y1: float, x2: float, y2: float) -> "
+          "None",
           "Add a debug line between two points, screen pixels.")
-      .native_method<&add_box<&GameLayer::RectArray>, 6>(
-          "AddRect", {"rectName", "rectType", "x1", "y1", "x2", "y2"},
+      .method<&add_box<&Layer::RectArray>>(
+          "AddRect(rectName: str, rectType: Any, x1: float, y1: float, x2: float, y2: float) -> "
+          "None",
           "Add a debug rectangle with two opposite corners, screen pixels.")
-      .accessors<&GameLayer::PointArray>("GetPointArray", nullptr, "points")
-      .accessors<&GameLayer::LineArray>("GetLineArray", nullptr, "lines")
-      .accessors<&GameLayer::RectArray>("GetRectArray", nullptr, "rects")
-      .native_method<&delete_shape<&GameLayer::PointArray>, 1>(
-          "DelPoint", {"index"},
-          "Remove the debug point at that position; positions out of range are ignored.")
-      .native_method<&delete_shape<&GameLayer::LineArray>, 1>(
-          "DelLine", {"index"},
-          "Remove the debug line at that position; positions out of range are ignored.")
-      .native_method<&delete_shape<&GameLayer::RectArray>, 1>(
-          "DelRect", {"index"},
-          "Remove the debug rectangle at that position; positions out of range are ignored.");
+      .method<&delete_shape<&Layer::PointArray>>("DelPoint(index: int) -> None", kIgnored)
+      .method<&delete_shape<&Layer::LineArray>>("DelLine(index: int) -> None", kIgnored)
+      .method<&delete_shape<&Layer::RectArray>>("DelRect(index: int) -> None", kIgnored);
 }
 
 }  // namespace tessora

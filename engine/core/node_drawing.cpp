@@ -1,11 +1,10 @@
-// Drawing and per-frame update of a node.
+// Drawing a node: what lies over its picture, and its children.
 #include "engine/core/scene_node.hpp"
 
 namespace tessora {
 
 namespace {
 
-constexpr int kHandleSize = 6;
 constexpr double kAnchorArm = 5.0;
 
 const host::MessageSet& overlay_messages() {
@@ -19,137 +18,100 @@ const host::MessageSet& overlay_messages() {
 
 }  // namespace
 
-bool is_visible(PyObject* node) {
+bool is_visible(Value node) {
   if (auto* known =
           message::IsVisible.direct<GameNode>(node, &host::native_getter<&GameNode::visible>)) {
     return known->is_true(known->visible);
   }
-  return host::equals_true(message::IsVisible(node));
+  Ref visible = message::IsVisible(node);
+  return visible.equals_true();
 }
 
-void draw_visible(PyObject* node, PyObject* screen, PyObject* offset_x, PyObject* offset_y,
-                  PyObject* scale) {
+void draw_visible(Value node, Value screen, Value offset_x, Value offset_y, Value scale) {
   if (is_visible(node)) message::draw(node, screen, offset_x, offset_y, scale);
 }
 
-void GameNode::draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_visible(self)) return;
-  message::draw_begin(self, offset_x, offset_y, scale);
-  static PyObject* const handle_size = host::integer(kHandleSize).release();
-  if (overlay_messages().all_direct(self)) {
+void GameNode::draw_overlays(Value screen, Value scale) {
+  if (overlay_messages().all_direct(*this)) {
     drawsize(screen);
     drawAnchor(screen, scale);
-    drawDragRect(screen, handle_size, read(dragcornerindex).get());
+    if (is_true(editrectvisible)) drawDragRect(screen, 6_const, Ref(read(dragcornerindex)));
   } else {
-    message::drawsize(self, screen);
-    message::drawAnchor(self, screen, scale);
-    message::drawDragRect(self, screen, handle_size, read(dragcornerindex));
-  }
-  message::draw_children(self, screen, offset_x, offset_y, scale);
-  if (is_set(sceneInstance)) message::CallInnerEvent(self, "Render"_name);
-}
-
-void GameNode::draw_children(PyObject* screen, PyObject* offset_x, PyObject* offset_y,
-                             PyObject* scale) {
-  if (!has_children()) return;
-  for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
-    draw_visible(child, screen, offset_x, offset_y, scale);
+    message::drawsize(*this, screen);
+    message::drawAnchor(*this, screen, scale);
+    message::drawDragRect(*this, screen, 6_const, read(dragcornerindex));
   }
 }
 
-void GameNode::drawsize(PyObject* screen) {
+void GameNode::draw(Value screen, Value offset_x, Value offset_y, Value scale) {
+  if (!is_visible(*this)) return;
+  message::draw_begin(*this, offset_x, offset_y, scale);
+  finish_node_draw(screen, offset_x, offset_y, scale);
+}
+
+void GameNode::finish_node_draw(Value screen, Value offset_x, Value offset_y, Value scale) {
+  draw_overlays(screen, scale);
+  message::draw_children(*this, screen, offset_x, offset_y, scale);
+  if (is_set(sceneInstance)) message::CallInnerEvent(*this, "Render"_name);
+}
+
+void GameNode::draw_children(Value screen, Value offset_x, Value offset_y, Value scale) {
+  if (holds_empty_list(children)) return;
+  host::ListWalk steps = walk_children();
+  while (Value child = steps.next()) draw_visible(child, screen, offset_x, offset_y, scale);
+}
+
+void GameNode::drawsize(Value screen) {
   if (!is_true(rectvisible)) return;
-  host::call(host::modules::draw["rect"_name], screen, host::engine_value("BorderColor"_name),
-             drawn_rect(), Number(1).object());
-}
-
-void GameNode::drawAnchor(PyObject* screen, PyObject* scale) {
-  if (!is_true(anchorvisible)) return;
-  Number center_x = number(WX) + number(anchorx) * number(width) * number(WSX);
-  Number center_y = number(WY) + number(anchory) * number(height) * number(WSY);
-  Number arm = Number(kAnchorArm) * Number(scale);
   Ref color = host::engine_value("BorderColor"_name);
-  Ref line = host::modules::draw["line"_name];
-  auto point = [](const Number& px, const Number& py) {
-    return host::tuple(px.object(), py.object());
-  };
-  host::call(line, screen, color, point(center_x - arm, center_y), point(center_x + arm, center_y));
-  host::call(line, screen, color, point(center_x, center_y - arm), point(center_x, center_y + arm));
+  render::Canvas(screen).outline(color, drawn_box(), 1);
 }
 
-void GameNode::drawToSurface(PyObject* surface, PyObject* offset_x, PyObject* offset_y,
-                             PyObject* scale) {
-  message::draw(static_cast<PyObject*>(this), surface, offset_x, offset_y, scale);
+void GameNode::drawAnchor(Value screen, Value scale) {
+  if (!is_true(anchorvisible)) return;
+  const Number across = read(WX) + read(anchorx) * read(width) * read(WSX);
+  const Number down = read(WY) + read(anchory) * read(height) * read(WSY);
+  const Number reach = Number(kAnchorArm) * Number(scale);
+  const render::Point center{across.to_double(), down.to_double()};
+  const double arm = reach.to_double();
+  Ref color = host::engine_value("BorderColor"_name);
+  const render::Canvas canvas(screen);
+  canvas.line(color, {center.x - arm, center.y}, {center.x + arm, center.y});
+  canvas.line(color, {center.x, center.y - arm}, {center.x, center.y + arm});
 }
 
-void GameNode::drawToSurface_children(PyObject* surface, PyObject* offset_x, PyObject* offset_y,
-                                      PyObject* scale) {
-  message::draw_children(static_cast<PyObject*>(this), surface, offset_x, offset_y, scale);
+void GameNode::drawToSurface(Value surface, Value offset_x, Value offset_y, Value scale) {
+  message::draw(*this, surface, offset_x, offset_y, scale);
 }
 
-void GameNode::update(PyObject* delay) {
-  if (has_children()) {
-    for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
-      message::update(child, delay);
-    }
-  }
-  if (is_set(ActionPlayer)) message::update(read(ActionPlayer), delay);
-  if (is_set(UpdateFunction)) host::call(read(UpdateFunction), delay);
-  raise_inner_event("Update"_name);
+void GameNode::drawToSurface_children(Value surface, Value offset_x, Value offset_y, Value scale) {
+  message::draw_children(*this, surface, offset_x, offset_y, scale);
 }
 
-void GameNode::run_actions(PyObject* actions) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_set(ActionPlayer)) {
-    Ref player = host::call(host::engine_value("ActionPlayer"_name));
-    write(ActionPlayer, player);
-    message::SetTarget(player, self);
-  }
-  message::CleanUp(read(ActionPlayer));
-  message::AddActions(read(ActionPlayer), actions);
-  message::Run(read(ActionPlayer));
-}
-
-namespace {
-
-PyObject* run_action(PyObject* self, PyObject* actions) {
-  return host::guarded<PyObject*>(nullptr, [&] {
-    host::script_ran();
-    static_cast<GameNode*>(self)->run_actions(actions);
-    return host::none().release();
-  });
-}
-
-}  // namespace
-
-void declare_drawing(NodeBuilder& builder) {
-  const host::Parameters camera = {"screen", {"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}};
-  builder
-      .method<&GameNode::draw>("draw", camera,
-                               "Draw the node and its subtree onto `screen`, if it is visible.\n\n"
-                               "`offsetX`, `offsetY` (pixels) and `scale` are the camera.")
-      .method<&GameNode::draw_children>("draw_children", camera,
-                                        "Draw the visible children in list order.")
-      .method<&GameNode::drawsize>("drawsize", {"screen"},
+void declare_drawing(NodeDeclaration& node) {
+  node.method<&GameNode::draw>(
+          "draw(screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, "
+          "scale: float = 1.0) -> None",
+          "Draw the node and its subtree onto `screen`, if it is visible.\n\n"
+          "`offsetX`, `offsetY` (pixels) and `scale` are the camera.")
+      .method<&GameNode::draw_children>(
+          "draw_children(screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, "
+          "scale: float = 1.0) -> None",
+          "Draw the visible children in list order.")
+      .method<&GameNode::drawsize>("drawsize(screen: pygame.Surface) -> None",
                                    "Outline the drawn rectangle while `rectvisible` is true.")
-      .method<&GameNode::drawAnchor>("drawAnchor", {"screen", {"scale", 1.0}},
-                                     "Mark the anchor while `anchorvisible` is true; `scale` "
-                                     "multiplies the marker.")
+      .method<&GameNode::drawAnchor>(
+          "drawAnchor(screen: pygame.Surface, scale: float = 1.0) -> None",
+          "Mark the anchor while `anchorvisible` is true; `scale` multiplies the marker.")
       .method<&GameNode::drawToSurface>(
-          "drawToSurface", {"surface", {"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}},
+          "drawToSurface(surface: pygame.Surface, offsetX: float = 0, offsetY: float = 0, "
+          "scale: float = 1.0) -> None",
           "Draw the node and its subtree into a surface of the script's.\n\nThe world values are "
           "cached for that camera until the next draw.")
       .method<&GameNode::drawToSurface_children>(
-          "drawToSurface_children", {"surface", {"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}},
-          "Draw the visible children into a surface of the script's.")
-      .method<&GameNode::update>("update", {"delay"},
-                                 "Advance the subtree by `delay` seconds: children first, then the "
-                                 "running actions, then the update function.")
-      .function("RunAction", &run_action, METH_VARARGS,
-                "RunAction($self, *actions)\n--\n\nPlay the actions one after another, in place of "
-                "those that were running.\n\nRaises IndexError without any action.")
-      .accessors<&GameNode::UpdateFunction>(nullptr, "SetUpdateFunction", "f");
+          "drawToSurface_children(surface: pygame.Surface, offsetX: float = 0, "
+          "offsetY: float = 0, scale: float = 1.0) -> None",
+          "Draw the visible children into a surface of the script's.");
 }
 
 }  // namespace tessora

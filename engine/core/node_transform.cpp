@@ -3,9 +3,30 @@
 
 namespace tessora {
 
+const GameNode::Axis kHorizontal = {&GameNode::x,     &GameNode::sx,   &GameNode::anchorx,
+                                    &GameNode::width, &GameNode::WX,   &GameNode::WSX,
+                                    message::GetWX,   message::GetWPX, message::GetWSX,
+                                    message::GetWPSX, message::GetAXW};
+const GameNode::Axis kVertical = {&GameNode::y,      &GameNode::sy,   &GameNode::anchory,
+                                  &GameNode::height, &GameNode::WY,   &GameNode::WSY,
+                                  message::GetWY,    message::GetWPY, message::GetWSY,
+                                  message::GetWPSY,  message::GetAYH};
+
 namespace {
 
+using host::ask;
 using host::native;
+
+// The formulas, for machine numbers and for those of scripts.
+auto anchor_offset(const auto& anchor, const auto& size) {
+  return anchor * size;
+}
+auto world_edge(const auto& parent, const auto& place, const auto& anchored, const auto& scale) {
+  return parent + place - anchored * scale;
+}
+auto seen_by_camera(const auto& place, const auto& zoom, const auto& shift) {
+  return place * zoom + shift;
+}
 
 // A node on which none of these is replaced follows the engine's formulas throughout.
 const host::MessageSet& transform_messages() {
@@ -26,28 +47,15 @@ const host::MessageSet& transform_messages() {
   return set;
 }
 
-// Whether the attribute is set, to a float or a small int.
-bool read_plain(const Slot& slot, double& value) {
-  return slot.object != nullptr && host::small_number(slot.object, value);
-}
-
-bool is_real(const Slot& slot) {
-  return slot.object != nullptr && PyFloat_CheckExact(slot.object);
-}
-
 // What the parent adds: its own answer to `query`, or `otherwise` without a parent.
 Number parent_value(GameNode& node, const host::Message& query, double otherwise) {
   Ref owner = node.read(node.parent);
-  if (!host::is_set(owner)) return otherwise;
-  return Number(query(owner).get());
+  if (!owner.is_set()) return otherwise;
+  return ask(query, owner);
 }
 
-Ref pair(const Number& first, const Number& second) {
-  return host::tuple(first.object(), second.object());
-}
-
-Number ask(const host::Message& query, GameNode& node) {
-  return Number(query(static_cast<PyObject*>(&node)).get());
+Ref pair(GameNode& node, const host::Message& first, const host::Message& second) {
+  return host::tuple(ask(first, node), ask(second, node));
 }
 
 }  // namespace
@@ -58,14 +66,12 @@ const GameNode::World* GameNode::world() {
 }
 
 const GameNode::World* GameNode::compute_world() {
-  if (properties_override || lock_xysa.object != Py_False || parent.object == nullptr) {
-    return nullptr;
-  }
-  if (!transform_messages().all_direct(this)) return nullptr;
+  if (!holds(lock_xysa, false) || is_unset(parent)) return nullptr;
+  if (!transform_messages().all_direct(*this)) return nullptr;
   World above{0.0, 0.0, 1.0, 1.0, 0.0};
-  if (parent.object != Py_None) {
-    GameNode* owner = game_node(parent.object);
-    if (owner == nullptr) return nullptr;
+  if (!holds(parent, nullptr)) {
+    auto* owner = host::instance_of<GameNode>(peek(parent));
+    if (owner == nullptr || !Value(*owner).compares_natively()) return nullptr;
     host::RecursionGuard guard;
     const World* known = owner->world();
     if (known == nullptr) return nullptr;
@@ -78,26 +84,43 @@ const GameNode::World* GameNode::compute_world() {
   double anchor_y = 0;
   double wide = 0;
   double high = 0;
-  // With scales that are floats, machine arithmetic gives the host's results.
-  if (!is_real(sx) || !is_real(sy) || !read_plain(x, left) || !read_plain(y, top) ||
-      !read_plain(angle, turn) || !read_plain(anchorx, anchor_x) ||
-      !read_plain(anchory, anchor_y) || !read_plain(width, wide) || !read_plain(height, high)) {
+  double scale_x = 0;
+  double scale_y = 0;
+  // With scales that are floats, machine arithmetic gives Python's results.
+  if (!holds_real(sx, scale_x) || !holds_real(sy, scale_y) || !holds_number(x, left) ||
+      !holds_number(y, top) || !holds_number(angle, turn) || !holds_number(anchorx, anchor_x) ||
+      !holds_number(anchory, anchor_y) || !holds_number(width, wide) ||
+      !holds_number(height, high)) {
     return nullptr;
   }
-  double scale_x = PyFloat_AS_DOUBLE(sx.object);
-  double scale_y = PyFloat_AS_DOUBLE(sy.object);
-  world_memo.values = {above.x + left - anchor_x * wide * scale_x,
-                       above.y + top - anchor_y * high * scale_y, above.sx * scale_x,
-                       above.sy * scale_y, above.angle + turn};
+  world_memo.values = {world_edge(above.x, left, anchor_offset(anchor_x, wide), scale_x),
+                       world_edge(above.y, top, anchor_offset(anchor_y, high), scale_y),
+                       above.sx * scale_x, above.sy * scale_y, above.angle + turn};
   world_memo.state = host::clocks.state;
   return &world_memo.values;
 }
 
+Number GameNode::world_place(const Axis& axis) {
+  if (is_true(lock_xysa)) return read(this->*axis.cached_place);
+  return world_edge(ask(axis.parent_place, *this), read(this->*axis.place),
+                    ask(axis.anchor_offset, *this), read(this->*axis.scale));
+}
+
+Number GameNode::world_scale(const Axis& axis) {
+  if (is_true(lock_xysa)) return read(this->*axis.cached_scale);
+  return ask(axis.parent_scale, *this) * read(this->*axis.scale);
+}
+
+Number GameNode::world_center(const Axis& axis) {
+  return ask(axis.world_place, *this) +
+         ask(axis.anchor_offset, *this) * read(this->*axis.cached_scale);
+}
+
 Number GameNode::GetAXW() {
-  return number(anchorx) * number(width);
+  return anchor_offset(read(anchorx), read(width));
 }
 Number GameNode::GetAYH() {
-  return number(anchory) * number(height);
+  return anchor_offset(read(anchory), read(height));
 }
 Number GameNode::GetPAXW() {
   return parent_value(*this, message::GetAXW, 0.0);
@@ -108,32 +131,24 @@ Number GameNode::GetPAYH() {
 
 Number GameNode::GetWX() {
   if (const World* known = world()) return known->x;
-  if (is_true(lock_xysa)) return number(WX);
-  return ask(message::GetWPX, *this) + number(x) - ask(message::GetAXW, *this) * number(sx);
+  return world_place(kHorizontal);
 }
-
 Number GameNode::GetWY() {
   if (const World* known = world()) return known->y;
-  if (is_true(lock_xysa)) return number(WY);
-  return ask(message::GetWPY, *this) + number(y) - ask(message::GetAYH, *this) * number(sy);
+  return world_place(kVertical);
 }
-
 Number GameNode::GetWSX() {
   if (const World* known = world()) return known->sx;
-  if (is_true(lock_xysa)) return number(WSX);
-  return ask(message::GetWPSX, *this) * number(sx);
+  return world_scale(kHorizontal);
 }
-
 Number GameNode::GetWSY() {
   if (const World* known = world()) return known->sy;
-  if (is_true(lock_xysa)) return number(WSY);
-  return ask(message::GetWPSY, *this) * number(sy);
+  return world_scale(kVertical);
 }
-
 Number GameNode::GetWAngle() {
   if (const World* known = world()) return known->angle;
-  if (is_true(lock_xysa)) return number(WAngle);
-  return ask(message::GetWPAngle, *this) + number(angle);
+  if (is_true(lock_xysa)) return read(WAngle);
+  return ask(message::GetWPAngle, *this) + read(angle);
 }
 
 Number GameNode::GetWPX() {
@@ -153,134 +168,139 @@ Number GameNode::GetWPAngle() {
 }
 
 Ref GameNode::GetWXY() {
-  return pair(ask(message::GetWX, *this), ask(message::GetWY, *this));
+  return pair(*this, message::GetWX, message::GetWY);
 }
 Ref GameNode::GetWPXY() {
-  return pair(ask(message::GetWPX, *this), ask(message::GetWPY, *this));
+  return pair(*this, message::GetWPX, message::GetWPY);
 }
 Ref GameNode::GetWSXY() {
-  return pair(ask(message::GetWSX, *this), ask(message::GetWSY, *this));
+  return pair(*this, message::GetWSX, message::GetWSY);
 }
 Ref GameNode::GetWPSXY() {
-  return pair(ask(message::GetWPSX, *this), ask(message::GetWPSY, *this));
+  return pair(*this, message::GetWPSX, message::GetWPSY);
 }
 
 Number GameNode::GetCenterX() {
-  return ask(message::GetWX, *this) + ask(message::GetAXW, *this) * number(WSX);
+  return world_center(kHorizontal);
 }
 Number GameNode::GetCenterY() {
-  return ask(message::GetWY, *this) + ask(message::GetAYH, *this) * number(WSY);
+  return world_center(kVertical);
 }
 Ref GameNode::GetCenterXY() {
-  return pair(ask(message::GetCenterX, *this), ask(message::GetCenterY, *this));
+  return pair(*this, message::GetCenterX, message::GetCenterY);
 }
 
 Ref GameNode::GetSizeRect() {
-  Number left = ask(message::GetWX, *this);
-  Number top = ask(message::GetWY, *this);
-  return host::call(host::modules::pygame["Rect"_name], left.object(), top.object(),
-                    (number(width) * number(WSX)).object(),
-                    (number(height) * number(WSY)).object());
+  Ref make = host::modules::pygame["Rect"_name];
+  return make(ask(message::GetWX, *this), ask(message::GetWY, *this), read(width) * read(WSX),
+              read(height) * read(WSY));
 }
 
 Ref GameNode::extreme_edge(const host::Message& edge, const Number& own, bool larger) {
   Ref result = own.object();
-  if (!has_children()) return result;
-  for (host::ListWalk walk(*this, children); PyObject* child = walk.next();) {
+  host::walk(*this, children, [&](Value child) {
     Ref value = edge(child);
-    Number candidate(value.get());
-    Number best(result.get());
+    const Number candidate(value);
+    const Number best(result);
     if (larger ? candidate > best : candidate < best) result = value;
-  }
+  });
   return result;
 }
 
 Ref GameNode::GetLeft() {
-  return extreme_edge(message::GetLeft, number(WX), false);
+  return extreme_edge(message::GetLeft, read(WX), false);
 }
 Ref GameNode::GetTop() {
-  return extreme_edge(message::GetTop, number(WY), false);
+  return extreme_edge(message::GetTop, read(WY), false);
 }
 Ref GameNode::GetRight() {
-  return extreme_edge(message::GetRight, number(WX) + number(width) * number(WSX), true);
+  return extreme_edge(message::GetRight, read(WX) + read(width) * read(WSX), true);
 }
 // Keeps the smaller edge, unlike GetRight: scripts rely on the asymmetry.
 Ref GameNode::GetBottom() {
-  return extreme_edge(message::GetBottom, number(WY) + number(height) * number(WSY), false);
+  return extreme_edge(message::GetBottom, read(WY) + read(height) * read(WSY), false);
 }
 
-Ref GameNode::Clamp(PyObject* value, PyObject* min, PyObject* max) {
-  Number given(value);
-  if (given < Number(min)) return Ref::share(min);
-  if (given > Number(max)) return Ref::share(max);
-  return Ref::share(value);
-}
-
-void GameNode::draw_begin(PyObject* offset_x, PyObject* offset_y, PyObject* scale) {
+void GameNode::draw_begin(Value offset_x, Value offset_y, Value scale) {
   if (!is_false(lock_xysa)) return;
-  Number zoom(scale);
-  Number shift_x(offset_x);
-  Number shift_y(offset_y);
+  const Number zoom(scale);
+  const Number shift_x(offset_x);
+  const Number shift_y(offset_y);
   const World* known = world();
-  if (known != nullptr && zoom.is_plain() && shift_x.is_plain() && shift_y.is_plain()) {
-    double factor = zoom.plain();
-    write_derived(WSX, known->sx * factor);
-    write_derived(WSY, known->sy * factor);
-    write_derived(WAngle, known->angle);
-    write_derived(WX, known->x * factor + shift_x.plain());
-    write_derived(WY, known->y * factor + shift_y.plain());
+  const std::optional<double> factor = zoom.plain();
+  const std::optional<double> left = shift_x.plain();
+  const std::optional<double> top = shift_y.plain();
+  if (known != nullptr && factor && left && top) {
+    const World here = *known;
+    write_derived(WSX, here.sx * *factor);
+    write_derived(WSY, here.sy * *factor);
+    write_derived(WAngle, here.angle);
+    write_derived(WX, seen_by_camera(here.x, *factor, *left));
+    write_derived(WY, seen_by_camera(here.y, *factor, *top));
     return;
   }
   write(WSX, ask(message::GetWSX, *this) * zoom);
   write(WSY, ask(message::GetWSY, *this) * zoom);
-  write(WAngle, message::GetWAngle(static_cast<PyObject*>(this)));
-  write(WX, ask(message::GetWX, *this) * zoom + shift_x);
-  write(WY, ask(message::GetWY, *this) * zoom + shift_y);
+  write(WAngle, message::GetWAngle(*this));
+  write(WX, seen_by_camera(ask(message::GetWX, *this), zoom, shift_x));
+  write(WY, seen_by_camera(ask(message::GetWY, *this), zoom, shift_y));
 }
 
-void declare_transform(NodeBuilder& builder) {
-  builder
-      .method<&GameNode::GetAXW>("GetAXW",
-                                 "Return the anchor's offset from the left, unscaled pixels.")
-      .method<&GameNode::GetAYH>("GetAYH",
-                                 "Return the anchor's offset from the top, unscaled pixels.")
-      .method<&GameNode::GetPAXW>("GetPAXW", "Return the parent's GetAXW(), or 0.0 without one.")
-      .method<&GameNode::GetPAYH>("GetPAYH", "Return the parent's GetAYH(), or 0.0 without one.")
-      .method<&GameNode::GetWX>("GetWX",
-                                "Return the world position of the left edge, without the camera; "
-                                "the cached `WX` while `lock_xysa` is true.")
-      .method<&GameNode::GetWY>("GetWY",
-                                "Return the world position of the top edge, without the camera; "
-                                "the cached `WY` while `lock_xysa` is true.")
-      .method<&GameNode::GetWXY>("GetWXY", "Return the pair GetWX(), GetWY().")
-      .method<&GameNode::GetWPX>("GetWPX", "Return the parent's GetWX(), or 0.0 without one.")
-      .method<&GameNode::GetWPY>("GetWPY", "Return the parent's GetWY(), or 0.0 without one.")
-      .method<&GameNode::GetWPXY>("GetWPXY", "Return the pair GetWPX(), GetWPY().")
-      .method<&GameNode::GetWSX>("GetWSX",
-                                 "Return the horizontal world scale: the product down the tree.")
-      .method<&GameNode::GetWSY>("GetWSY",
-                                 "Return the vertical world scale: the product down the tree.")
-      .method<&GameNode::GetWSXY>("GetWSXY", "Return the pair GetWSX(), GetWSY().")
-      .method<&GameNode::GetWPSX>("GetWPSX", "Return the parent's GetWSX(), or 1.0 without one.")
-      .method<&GameNode::GetWPSY>("GetWPSY", "Return the parent's GetWSY(), or 1.0 without one.")
-      .method<&GameNode::GetWPSXY>("GetWPSXY", "Return the pair GetWPSX(), GetWPSY().")
-      .method<&GameNode::GetWAngle>("GetWAngle",
-                                    "Return the world angle in degrees: the sum down the tree.")
-      .method<&GameNode::GetWPAngle>("GetWPAngle",
-                                     "Return the parent's GetWAngle(), or 0.0 without one.")
-      .method<&GameNode::GetCenterX>("GetCenterX", "Return the world position of the anchor, x.")
-      .method<&GameNode::GetCenterY>("GetCenterY", "Return the world position of the anchor, y.")
-      .method<&GameNode::GetCenterXY>("GetCenterXY", "Return the pair GetCenterX(), GetCenterY().")
-      .method<&GameNode::GetLeft>("GetLeft", "Return the smallest left edge in the subtree.")
-      .method<&GameNode::GetTop>("GetTop", "Return the smallest top edge in the subtree.")
-      .method<&GameNode::GetRight>("GetRight", "Return the largest right edge in the subtree.")
-      .method<&GameNode::GetBottom>("GetBottom", "Return the smallest bottom edge in the subtree.")
-      .method<&GameNode::GetSizeRect>(
-          "GetSizeRect", "Return a new pygame.Rect at GetWX(), GetWY() in the drawn size.")
-      .method<&GameNode::Clamp>("Clamp", {"value", "min", "max"},
-                                "Return `value` limited to the range from `min` to `max`.")
-      .method<&GameNode::draw_begin>(
-          "draw_begin", {{"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}},
+void declare_transform(NodeDeclaration& node) {
+  using Node = GameNode;
+  node.method<&Node::GetAXW>("GetAXW() -> float",
+                             "Return the anchor's offset from the left, unscaled pixels.")
+      .method<&Node::GetAYH>("GetAYH() -> float",
+                             "Return the anchor's offset from the top, unscaled pixels.")
+      .method<&Node::GetPAXW>("GetPAXW() -> float",
+                              "Return the parent's GetAXW(), or 0.0 without one.")
+      .method<&Node::GetPAYH>("GetPAYH() -> float",
+                              "Return the parent's GetAYH(), or 0.0 without one.")
+      .method<&Node::GetWX>("GetWX() -> float",
+                            "Return the world position of the left edge, without the camera; the "
+                            "cached `WX` while `lock_xysa` is true.")
+      .method<&Node::GetWY>("GetWY() -> float",
+                            "Return the world position of the top edge, without the camera; the "
+                            "cached `WY` while `lock_xysa` is true.")
+      .method<&Node::GetWXY>("GetWXY() -> tuple[float, float]", "Return the pair GetWX(), GetWY().")
+      .method<&Node::GetWPX>("GetWPX() -> float",
+                             "Return the parent's GetWX(), or 0.0 without one.")
+      .method<&Node::GetWPY>("GetWPY() -> float",
+                             "Return the parent's GetWY(), or 0.0 without one.")
+      .method<&Node::GetWPXY>("GetWPXY() -> tuple[float, float]",
+                              "Return the pair GetWPX(), GetWPY().")
+      .method<&Node::GetWSX>("GetWSX() -> float",
+                             "Return the horizontal world scale: the product down the tree.")
+      .method<&Node::GetWSY>("GetWSY() -> float",
+                             "Return the vertical world scale: the product down the tree.")
+      .method<&Node::GetWSXY>("GetWSXY() -> tuple[float, float]",
+                              "Return the pair GetWSX(), GetWSY().")
+      .method<&Node::GetWPSX>("GetWPSX() -> float",
+                              "Return the parent's GetWSX(), or 1.0 without one.")
+      .method<&Node::GetWPSY>("GetWPSY() -> float",
+                              "Return the parent's GetWSY(), or 1.0 without one.")
+      .method<&Node::GetWPSXY>("GetWPSXY() -> tuple[float, float]",
+                               "Return the pair GetWPSX(), GetWPSY().")
+      .method<&Node::GetWAngle>("GetWAngle() -> float",
+                                "Return the world angle in degrees: the sum down the tree.")
+      .method<&Node::GetWPAngle>("GetWPAngle() -> float",
+                                 "Return the parent's GetWAngle(), or 0.0 without one.")
+      .method<&Node::GetCenterX>("GetCenterX() -> float",
+                                 "Return the world position of the anchor, x.")
+      .method<&Node::GetCenterY>("GetCenterY() -> float",
+                                 "Return the world position of the anchor, y.")
+      .method<&Node::GetCenterXY>("GetCenterXY() -> tuple[float, float]",
+                                  "Return the pair GetCenterX(), GetCenterY().")
+      .method<&Node::GetLeft>("GetLeft() -> float", "Return the smallest left edge in the subtree.")
+      .method<&Node::GetTop>("GetTop() -> float", "Return the smallest top edge in the subtree.")
+      .method<&Node::GetRight>("GetRight() -> float",
+                               "Return the largest right edge in the subtree.")
+      .method<&Node::GetBottom>("GetBottom() -> float",
+                                "Return the smallest bottom edge in the subtree.")
+      .method<&Node::GetSizeRect>("GetSizeRect() -> pygame.Rect",
+                                  "Return a new pygame.Rect at GetWX(), GetWY() in the drawn size.")
+      .method<&Node::draw_begin>(
+          "draw_begin(offsetX: float = 0, offsetY: float = 0, scale: float = 1.0) -> None",
           "Cache the world values for this frame, unless `lock_xysa` is true.\n\nPositions are "
           "multiplied by `scale` and then shifted by `offsetX` and `offsetY`, in pixels.");
 }

@@ -2,138 +2,137 @@
 
 #include <string>
 
-#include "engine/host/dispatch.hpp"
-#include "engine/host/functions.hpp"
-#include "engine/host/modules.hpp"
+#include "engine/host/caught.hpp"
+#include "engine/host/items.hpp"
 #include "engine/host/paths.hpp"
+#include "engine/object/module_rows.hpp"
+#include "engine/object/recursion.hpp"
 
 namespace tessora {
 
 using namespace host::literals;
 using host::Ref;
+using host::Value;
 
 namespace {
 
 constinit host::Module element_tree{"xml.etree.ElementTree"};
 constinit host::Module builtins{"builtins"};
 
-// A list of its own: what the host converts on the way may change the tree.
-Ref children_of(PyObject* element) {
-  host::script_ran();
-  Ref children = host::take(PySequence_List(element));
-  host::script_ran();
-  return children;
-}
-
-Ref text_of(PyObject* element) {
-  return host::get_attr(element, "text"_name);
-}
+// The bound of newer Pythons: the time for the conversion grows with the square of the length.
+constexpr Py_ssize_t kMostDigits = 4300;
 
 // The value of an element without children, or an empty reference for any other tag.
-Ref simple_value(PyObject* element, PyObject* tag) {
-  if (host::is_text(tag, "string"_name)) return text_of(element);
-  if (host::is_text(tag, "true"_name)) return host::boolean(true);
-  if (host::is_text(tag, "false"_name)) return host::boolean(false);
-  if (host::is_text(tag, "integer"_name)) {
-    return host::call(reinterpret_cast<PyObject*>(&PyLong_Type), text_of(element));
-  }
-  if (host::is_text(tag, "real"_name)) {
-    return host::call(reinterpret_cast<PyObject*>(&PyFloat_Type), text_of(element));
-  }
+Ref simple_value(Value element, Value tag) {
+  if (tag.is_text("true"_name)) return host::boolean(true);
+  if (tag.is_text("false"_name)) return host::boolean(false);
+  if (tag.is_text("string"_name)) return element.attr("text"_name);
+  if (tag.is_text("integer"_name)) return integer_of(element.attr("text"_name));
+  if (tag.is_text("real"_name)) return builtins["float"_name](element.attr("text"_name));
   return {};
 }
 
-Ref array_value(PyObject* array) {
+Ref array_value(Value array) {
   Ref values = host::list();
-  Ref children = children_of(array);
-  for (Py_ssize_t index = 0; index < PyList_GET_SIZE(children.get()); ++index) {
-    PyObject* child = PyList_GET_ITEM(children.get(), index);
-    Ref value = simple_value(child, host::get_attr(child, "tag"_name).get());
-    if (value) host::check(PyList_Append(values.get(), value.get()));
+  for (Ref child : host::items(array)) {
+    Ref tag = child.attr("tag"_name);
+    if (Ref value = simple_value(child, tag)) values.append(value);
   }
   return values;
 }
 
-Ref value_of(PyObject* element) {
-  Ref tag = host::get_attr(element, "tag"_name);
-  if (host::is_text(tag.get(), "array"_name)) return array_value(element);
-  if (host::is_text(tag.get(), "dict"_name)) return tree_to_dict(element);
-  return simple_value(element, tag.get());
+Ref value_of(Value element) {
+  Ref tag = element.attr("tag"_name);
+  if (tag.is_text("array"_name)) return array_value(element);
+  if (tag.is_text("dict"_name)) return tree_to_dict(element);
+  return simple_value(element, tag);
 }
 
-// Whatever the encoding: those that the parser knows write these characters as in ASCII, or as
-// two bytes of which one is zero.
-bool declares_entities(const Ref& data) {
-  char* bytes = nullptr;
-  Py_ssize_t size = 0;
-  host::check(PyBytes_AsStringAndSize(data.get(), &bytes, &size));
-  std::string plain(bytes, static_cast<std::size_t>(size));
+// Entities and default attributes multiply what is written in a file, and a property list needs
+// none. Whatever the encoding: those that the parser knows write these characters as in ASCII, or
+// as two bytes of which one is zero.
+bool declares_contents(Value data) {
+  std::string plain(data.bytes());
   std::erase(plain, '\0');
-  return plain.find("<!ENTITY") != std::string::npos;
+  return plain.find("<!ENTITY") != std::string::npos ||
+         plain.find("<!ATTLIST") != std::string::npos;
 }
 
-Ref read_file(PyObject* path) {
-  Ref file = host::call(builtins["open"_name], host::openable_path(path), host::text("rb"));
-  Ref data = host::call_method(file, "read"_name);
-  host::call_method(file, "close"_name);
+Ref read_file(Value path) {
+  Ref file = builtins["open"_name](host::openable_path(path), "rb");
+  Ref data = file.call("read"_name);
+  file.call("close"_name);
   return data;
 }
 
-Ref read_rect(PyObject* dict) {
-  return host::list(host::get_item(dict, "x"_name), host::get_item(dict, "y"_name),
-                    host::get_item(dict, "width"_name), host::get_item(dict, "height"_name));
+Ref read_rect(Value dict) {
+  Ref values = host::list();
+  for (Value key : {"x"_name, "y"_name, "width"_name, "height"_name}) values.append(dict.item(key));
+  return values;
 }
 
-Ref read_key_value(PyObject* dict, PyObject* key, PyObject* fallback) {
-  return host::contains(dict, key) ? host::get_item(dict, key) : Ref::share(fallback);
+Ref read_key_value(Value dict, Value key, Value fallback) {
+  Ref found = dict.find_item(key);
+  return found ? found : Ref(fallback);
 }
 
 }  // namespace
 
-Ref tree_to_dict(PyObject* tree) {
+Ref integer_of(Value text) {
+  if (text.is_text() && text.length() > kMostDigits) {
+    host::raise(PyExc_ValueError, "an integer of %zd characters; %zd are the most that is read",
+                text.length(), kMostDigits);
+  }
+  return builtins["int"_name](text);
+}
+
+Ref tree_to_dict(Value tree) {
   host::RecursionGuard guard;
-  Ref result = host::take(PyDict_New());
-  Ref children = children_of(tree);
-  Py_ssize_t count = PyList_GET_SIZE(children.get());
-  for (Py_ssize_t index = 0; index < count; ++index) {
-    PyObject* child = PyList_GET_ITEM(children.get(), index);
-    if (!host::is_text(host::get_attr(child, "tag"_name).get(), "key"_name)) continue;
-    Ref key = text_of(child);
-    if (index + 1 == count) host::raise(PyExc_IndexError, "child index out of range");
-    Ref value = value_of(PyList_GET_ITEM(children.get(), index + 1));
-    if (value) host::set_item(result.get(), key.get(), value.get());
+  Ref result = host::dictionary();
+  // A list of its own: what the host converts on the way may change the tree.
+  const host::Items children = host::items(tree);
+  for (Py_ssize_t index = 0; index < children.size(); ++index) {
+    Ref child = children[index];
+    if (!child.attr("tag"_name).is_text("key"_name)) continue;
+    Ref key = child.attr("text"_name);
+    if (index + 1 == children.size())
+      host::raise(PyExc_IndexError, "there is no value for key %R", key);
+    if (Ref value = value_of(children[index + 1])) result.set_item(key, value);
   }
   return result;
 }
 
-Ref parse_property_list(PyObject* path) {
-  Ref data = read_file(path);
-  // Entities may expand without end, and a property list needs none.
-  if (declares_entities(data)) {
-    host::raise(PyExc_ValueError, "a property list must not declare entities");
-  }
-  Ref root = host::call(element_tree["fromstring"_name], data);
-  Ref top = host::call_method(root, "find"_name, "dict"_name);
-  if (top.get() == Py_None) {
-    host::raise(PyExc_ValueError, "the top level of the property list is no dict");
-  }
-  return tree_to_dict(top.get());
+Ref parse_property_list(Value path) {
+  Ref file = host::path_text(path);
+  Ref data = read_file(file);
+  return host::with_place(file, [&] {
+    if (declares_contents(data)) {
+      host::raise(PyExc_ValueError, "a property list must declare neither entities nor attributes");
+    }
+    Ref root = element_tree["fromstring"_name](data);
+    Ref top = root.call("find"_name, "dict"_name);
+    if (top.is_none()) {
+      host::raise(PyExc_ValueError, "the top level of the property list is no dict");
+    }
+    return tree_to_dict(top);
+  });
 }
 
 void register_property_list(PyObject* module) {
   host::add_function<&tree_to_dict>(
-      module, "tree_to_dict", {"tree"},
+      module, "tree_to_dict(tree: _ElementTree.Element) -> dict[str, Any]",
       "Return a new dictionary with the entries of a property list's `dict` element.\n\n"
       "`tree` is an xml.etree.ElementTree element: for a whole file, the `dict` child of its\n"
       "root. Strings, booleans, integers, reals, arrays of these and nested dicts are read;\n"
       "other values are left out. Raises IndexError for a key without a value and the\n"
       "conversion's error for a malformed number.");
   host::add_function<&read_rect>(
-      module, "read_rect", {"dict"},
+      module, "read_rect(dict: Mapping[str, _T]) -> list[_T]",
       "Return [x, y, width, height] of a dictionary, with the values as they are stored.\n\n"
       "Raises KeyError if one of them is missing.");
   host::add_function<&read_key_value>(
-      module, "read_keyValue", {"dict", "key", "defaultvalue"},
+      module,
+      "read_keyValue(dict: Mapping[_Key, _Value], key: _Key, defaultvalue: _T) -> _Value | _T",
       "Return `dict[key]`, or `defaultvalue` if there is no such key.");
 }
 

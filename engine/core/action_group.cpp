@@ -1,0 +1,26 @@
+#include "engine/core/action_group.hpp"
+
+#include "engine/core/messages.hpp"
+#include "engine/host/items.hpp"
+
+namespace tessora {
+
+using namespace host::literals;
+using host::Ref;
+using host::Value;
+
+void check_actions(Value group) {
+  if (group.is_iterator()) return;
+  host::for_each(group, [](Value action) {
+    if (message::SetTarget.find(action) != nullptr || action.find_attr("SetTarget"_name)) return;
+    const bool is_group = action.is_list() || action.is_tuple();
+    host::raise(PyExc_TypeError, "no action, which would have a method SetTarget: %R%s", action,
+                is_group ? " (hand over its items: *actions)" : "");
+  });
+}
+
+void check_actions_for(Value player, Value actions) {
+  if (message::AddActions.find(player) != nullptr) check_actions(actions);
+}
+
+}  // namespace tessora
