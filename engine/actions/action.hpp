@@ -2,26 +2,27 @@
 #pragma once
 
 #include "engine/core/messages.hpp"
-#include "engine/host/class.hpp"
+#include "engine/object/declaration.hpp"
 
 namespace tessora {
 
-struct GAction : host::Object {
-  host::Slot running, targetNode, runtime, over;
+using namespace host::literals;
+using host::Number;
+using host::Ref;
+using host::Slot;
+using host::Value;
 
-  void construct();
+struct GAction : host::Object {
+  Slot running, targetNode, runtime, over;
+
   void Run();
   void Pause();
   void Resume();
   void Stop();
-  void update(PyObject* delay);
+  void update(Value delay);
 
   // There is a target, and the action is running and not over.
   [[nodiscard]] bool is_playing() const;
-
-  // The base class's part of a derived class's method. A script may have replaced it on GAction.
-  void base_run();
-  void base_update(PyObject* delay);
 };
 
 void register_action(PyObject* module);

@@ -6,17 +6,16 @@
 namespace tessora {
 
 struct ActionPlayer : GAction {
-  host::Slot ActionArray, ActionIndex;
+  Slot ActionArray, ActionIndex;
 
-  void construct();
-  void add_actions(PyObject* groups);
+  void AddActions(host::Rest groups);
   void CleanUp();
   void Run();
-  void update(PyObject* delay);
+  void update(Value delay);
 
  private:
-  [[nodiscard]] host::Ref first_group() const;
-  [[nodiscard]] host::Ref current_action() const;
+  [[nodiscard]] Ref first_group() const;
+  [[nodiscard]] Ref current_action() const;
 };
 
 void register_action_player(PyObject* module);

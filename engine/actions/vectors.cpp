@@ -1,125 +1,87 @@
 #include "engine/actions/vectors.hpp"
 
-#include <cstring>
-
 #include "engine/host/modules.hpp"
+#include "engine/host/vector2.hpp"
 
 namespace tessora {
 
 using namespace host::literals;
+using host::Components;
 using host::Number;
 using host::Ref;
+using host::Value;
 
 namespace {
 
-struct Doubles {
-  double x, y;
-};
-
-Doubles mix(Doubles from, Doubles to, double time) {
+Components mix(Components from, Components to, double time) {
   return {from.x * (1 - time) + to.x * time, from.y * (1 - time) + to.y * time};
 }
 
-Ref vector_class() {
-  return host::get_attr(host::modules::pygame["math"_name], "Vector2"_name);
+// Compilers may fuse multiplications with additions: pygame's own result decides whether the same
+// formula, compiled here, gives the same bits.
+bool try_mixing() {
+  constexpr int kTrials = 64;
+  for (int trial = 1; trial <= kTrials; ++trial) {
+    const Components from{trial / 7.0, -trial * 11.0 / 3.0};
+    const Components to{100.0 / trial, trial * 0.1};
+    const double time = trial / (kTrials + 3.0);
+    Ref start = make_vector(host::real(from.x), host::real(from.y));
+    Ref end = make_vector(host::real(to.x), host::real(to.y));
+    if (!host::plain_vector(start)) return false;
+    const auto expected = host::plain_vector(start.call("lerp"_name, end, time));
+    const Components mixed = mix(from, to, time);
+    if (!expected || mixed.x != expected->x || mixed.y != expected->y) return false;
+  }
+  return true;
 }
 
-Ref real_lerp(PyObject* from, PyObject* to, const Number& time) {
-  return host::call_method(from, "lerp"_name, to, time.object());
-}
-
-// pygame's vector type and its accessors, which no script can replace.
-class VectorType {
- public:
-  VectorType() {
-    Ref found = vector_class();
-    if (PyType_Check(found.get()) == 0) return;
-    type_ = reinterpret_cast<PyTypeObject*>(found.get());
-    if (std::strcmp(type_->tp_name, "pygame.math.Vector2") != 0) return;
-    if (PyType_HasFeature(type_, Py_TPFLAGS_HEAPTYPE) || type_->tp_as_sequence == nullptr) return;
-    item_ = type_->tp_as_sequence->sq_item;
-    // Compilers may fuse multiplications with additions: pygame's own result decides whether the
-    // same formula, compiled here, gives the same bits.
-    mixes_alike_ = item_ != nullptr && mixes_alike();
-    found.release();
-  }
-
-  [[nodiscard]] bool reads(PyObject* vector) const noexcept {
-    return Py_TYPE(vector) == type_ && item_ != nullptr;
-  }
-  [[nodiscard]] bool mixes(PyObject* vector) const noexcept {
-    return Py_TYPE(vector) == type_ && mixes_alike_;
-  }
-  [[nodiscard]] Doubles read(PyObject* vector) const {
-    return {component(vector, 0), component(vector, 1)};
-  }
-
- private:
-  [[nodiscard]] double component(PyObject* vector, Py_ssize_t index) const {
-    Ref value = host::take(item_(vector, index));
-    return PyFloat_AS_DOUBLE(value.get());
-  }
-
-  [[nodiscard]] bool mixes_alike() const {
-    constexpr int kTrials = 64;
-    for (int trial = 1; trial <= kTrials; ++trial) {
-      Doubles from{trial / 7.0, -trial * 11.0 / 3.0};
-      Doubles to{100.0 / trial, trial * 0.1};
-      double time = trial / (kTrials + 3.0);
-      Ref start = make_vector(host::real(from.x).get(), host::real(from.y).get());
-      Ref end = make_vector(host::real(to.x).get(), host::real(to.y).get());
-      Doubles expected = read(real_lerp(start.get(), end.get(), Number(time)).get());
-      Doubles mixed = mix(from, to, time);
-      if (mixed.x != expected.x || mixed.y != expected.y) return false;
-    }
-    return true;
-  }
-
-  PyTypeObject* type_ = nullptr;
-  ssizeargfunc item_ = nullptr;
-  bool mixes_alike_ = false;
-};
-
-const VectorType& vectors() {
-  static const VectorType type;
-  return type;
-}
-
-bool is_fraction(const Number& time) {
-  return time.is_real() && time.plain() >= 0.0 && time.plain() <= 1.0;
+// The share of the way, when mix() gives what the library's own lerp would.
+std::optional<double> mixable(const Number& time) {
+  static constinit std::optional<bool> mixes_alike;
+  if (!mixes_alike) mixes_alike = try_mixing();
+  const std::optional<double> share = time.is_real() ? time.plain() : std::nullopt;
+  return *mixes_alike && share && *share >= 0.0 && *share <= 1.0 ? share : std::nullopt;
 }
 
 }  // namespace
 
-Ref make_vector(PyObject* x, PyObject* y) {
-  return host::call(vector_class(), x, y);
+Ref make_vector(Value x, Value y) {
+  Ref type = host::modules::pygame["math"_name].attr("Vector2"_name);
+  return type(x, y);
 }
 
-Point components(PyObject* vector) {
-  if (vectors().reads(vector)) {
-    Doubles values = vectors().read(vector);
-    return {values.x, values.y};
+Point components(Value vector) {
+  if (const auto plain = host::plain_vector(vector)) return {plain->x, plain->y};
+  Number x = vector.attr("x"_name);
+  return {x, vector.attr("y"_name)};
+}
+
+Point lerp(Value from, Value to, const Number& time) {
+  if (const auto share = mixable(time)) {
+    const auto start = from ? host::plain_vector(from) : Components{0.0, 0.0};
+    const auto end = host::plain_vector(to);
+    if (start && end) {
+      const Components mixed = mix(*start, *end, *share);
+      return {mixed.x, mixed.y};
+    }
   }
-  Number x = host::number(host::get_attr(vector, "x"_name));
-  return {x, host::number(host::get_attr(vector, "y"_name))};
+  Ref start = from ? Ref(from) : make_vector(0_const, 0_const);
+  return components(start.call("lerp"_name, to, time));
 }
 
-Point lerp(PyObject* from, PyObject* to, const Number& time) {
-  if (vectors().mixes(from) && vectors().mixes(to) && is_fraction(time)) {
-    Doubles mixed = mix(vectors().read(from), vectors().read(to), time.plain());
+Point lerp(const Point& from, const Point& to, const Number& time) {
+  const auto x = from.x.plain();
+  const auto y = from.y.plain();
+  const auto end_x = to.x.plain();
+  const auto end_y = to.y.plain();
+  const auto share = mixable(time);
+  if (x && y && end_x && end_y && share) {
+    const Components mixed = mix({*x, *y}, {*end_x, *end_y}, *share);
     return {mixed.x, mixed.y};
   }
-  return components(real_lerp(from, to, time).get());
-}
-
-Point lerp_from_origin(PyObject* to, const Number& time) {
-  if (vectors().mixes(to) && is_fraction(time)) {
-    Doubles mixed = mix({0.0, 0.0}, vectors().read(to), time.plain());
-    return {mixed.x, mixed.y};
-  }
-  Ref zero = host::integer(0);
-  Ref origin = make_vector(zero.get(), zero.get());
-  return components(real_lerp(origin.get(), to, time).get());
+  Ref start = make_vector(from.x.object(), from.y.object());
+  Ref end = make_vector(to.x.object(), to.y.object());
+  return lerp(start, end, time);
 }
 
 }  // namespace tessora

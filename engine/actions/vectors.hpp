@@ -9,15 +9,14 @@ struct Point {
   host::Number x, y;
 };
 
-host::Ref make_vector(PyObject* x, PyObject* y);
+host::Ref make_vector(host::Value x, host::Value y);
 
 // The members x and y of a vector.
-Point components(PyObject* vector);
+Point components(host::Value vector);
 
-// `from.lerp(to, time)`, bit by bit.
-Point lerp(PyObject* from, PyObject* to, const host::Number& time);
-
-// `Vector2(0, 0).lerp(to, time)`.
-Point lerp_from_origin(PyObject* to, const host::Number& time);
+// `from.lerp(to, time)`, bit by bit; without `from` the way begins at Vector2(0, 0).
+Point lerp(host::Value from, host::Value to, const host::Number& time);
+// The same for vectors of these components.
+Point lerp(const Point& from, const Point& to, const host::Number& time);
 
 }  // namespace tessora

@@ -1,213 +1,190 @@
 // The index of resource files and the image cache.
 #include "engine/resources/resource_manager.hpp"
 
-#include "engine/host/attributes.hpp"
 #include "engine/host/caught.hpp"
-#include "engine/host/iterate.hpp"
+#include "engine/host/items.hpp"
 #include "engine/host/modules.hpp"
 #include "engine/host/paths.hpp"
 
 namespace tessora {
 
-using namespace host::literals;
-using host::Number;
-using host::Ref;
-
 namespace {
 
 constexpr int kImageLimit = 100;
 
-Ref join(PyObject* left, PyObject* right) {
-  host::script_ran();
-  Ref joined = host::take(PyNumber_Add(left, right));
-  host::script_ran();
-  return joined;
+Ref in_folder(Value folder, Value name) {
+  return host::joined(host::joined(folder, "\\"_name), name);
 }
 
-Ref in_folder(PyObject* folder, PyObject* name) {
-  return join(join(folder, "\\"_name).get(), name);
+// Calls a function of a library with a path.
+Ref with_file(Value function, Value path) {
+  return function(host::openable_path(path));
 }
 
-Ref lower(PyObject* name) {
-  return host::call_method(name, "lower"_name);
+bool exists(Value path) {
+  return with_file(host::modules::path["exists"_name], path).equals_true();
 }
 
-Ref path_function(PyObject* name) {
-  return host::get_attr(host::modules::os["path"_name], name);
-}
-
-bool exists(PyObject* path) {
-  return host::equals_true(host::call(path_function("exists"_name), host::openable_path(path)));
-}
-
-bool is_folder(PyObject* path) {
-  return host::is_true(host::call(path_function("isdir"_name), host::openable_path(path)));
-}
-
-bool is_hidden(PyObject* name) {
-  return host::contains(name, "__pycache__"_name) || host::contains(name, ".git"_name);
-}
-
-Ref part(const Ref& parts, int index) {
-  return host::get_item(parts.get(), host::integer(index).get());
-}
-
-Ref load_image(PyObject* path) {
-  Ref load = host::get_attr(host::modules::pygame["image"_name], "load"_name);
-  return host::call_method(host::call(load, host::openable_path(path)), "convert_alpha"_name);
+bool is_hidden(Value name) {
+  return name.contains("__pycache__"_name) || name.contains(".git"_name);
 }
 
 }  // namespace
 
-void ResourceManager::construct(PyObject* directory) {
-  write(resdir, directory);
-  write(fontdir, Py_None);
-  for (host::Slot* table : {&fileDict, &ImageDict, &soundDict}) {
-    write(*table, host::take(PyDict_New()));
-  }
-  write(ImageDict_MemManage_List, host::list());
-  write(ImageDict_MemManage_Total, Number(kImageLimit));
-  write(ImageDict_MemManage_Count, Number(0));
-  write(SceneJsonDict, host::list());
-  write(soundPlayCount, Number(0));
-  host::call(path_function("split"_name), directory);
-  message::FoundAllResFile(this, directory);
+void ResourceManager::read_root(Value directory) {
+  Ref folder = host::path_text(directory);
+  write(resdir, folder);
+  host::modules::path["split"_name](folder);
+  message::FoundAllResFile(*this, folder);
 }
 
-void ResourceManager::FoundAllResFile(PyObject* directory, PyObject* type) {
+void ResourceManager::FoundAllResFile(Value directory, Value type) {
   host::RecursionGuard guard;
-  if (!exists(directory)) return;
-  Ref names = host::call(host::modules::os["listdir"_name], host::openable_path(directory));
+  Ref folder = host::path_text(directory);
+  if (!exists(folder)) return;
   // Set by a folder, the type stays as it is for the entries that follow.
-  Ref type_now = Ref::share(type);
-  host::for_each(names.get(), [&](const Ref& name) {
-    if (is_hidden(name.get())) return;
-    Ref path = in_folder(directory, name.get());
-    if (is_folder(path.get())) {
-      type_now = host::equals(read(resdir).get(), directory) ? name : host::none();
-      message::FoundAllResFile(this, path, type_now);
+  Ref type_now = type;
+  host::for_each(with_file(host::modules::os["listdir"_name], folder), [&](Value name) {
+    if (is_hidden(name)) return;
+    Ref path = in_folder(folder, name);
+    if (with_file(host::modules::path["isdir"_name], path).is_true()) {
+      const bool top = Ref(read(resdir)).equals(folder);
+      type_now = top ? name : Value(nullptr);
+      message::FoundAllResFile(*this, path, type_now);
     } else {
-      add_file(directory, name.get(), path.get(), type_now.get());
+      add_file(folder, name, path, type_now);
     }
   });
 }
 
-void ResourceManager::add_file(PyObject* directory, PyObject* name, PyObject* path,
-                               PyObject* type) {
-  host::set_item(read(fileDict).get(), lower(name).get(), path);
-  if (!host::equals(type, "Scene"_name)) return;
-  Ref base = part(host::call(path_function("splitext"_name), name), 0);
-  Ref resources = join(in_folder(directory, base.get()).get(), "_Res.Json"_name);
-  if (exists(resources.get())) host::call_method(read(SceneJsonDict), "append"_name, base);
+void ResourceManager::add_file(Value directory, Value name, Value path, Value type) {
+  Ref key = name.call("lower"_name);
+  Ref(read(fileDict)).set_item(key, path);
+  if (!type.equals("Scene"_name)) return;
+  Ref base = host::modules::path["splitext"_name](name).item(0_const);
+  Ref resources = host::joined(in_folder(directory, base), "_Res.Json"_name);
+  if (exists(resources)) Ref(read(SceneJsonDict)).append(base);
 }
 
-void ResourceManager::AddNewResFile(PyObject* path) {
-  Ref name = part(host::call(path_function("split"_name), host::openable_path(path)), -1);
-  host::set_item(read(fileDict).get(), lower(name.get()).get(), path);
+void ResourceManager::AddNewResFile(Value path) {
+  Ref text = host::path_text(path);
+  Ref name = with_file(host::modules::path["split"_name], text).item(-1);
+  Ref key = name.call("lower"_name);
+  Ref(read(fileDict)).set_item(key, text);
 }
 
-Ref ResourceManager::GetResPath(PyObject* name) {
-  Ref key = lower(name);
-  Ref files = read(fileDict);
-  if (!host::contains(files.get(), key.get())) return host::none();
-  return host::get_item(files.get(), key.get());
+Ref ResourceManager::GetResPath(Value name) {
+  Ref key = host::path_text(name).call("lower"_name);
+  Ref path = Ref(read(fileDict)).find_item(key);
+  return path ? path : host::none();
 }
 
-Ref ResourceManager::LoadImage(PyObject* name) {
-  Ref path = message::GetResPath(this, name);
-  if (!host::is_set(path)) return host::none();
-  if (host::contains(read(ImageDict).get(), name)) {
-    message::ManageImageMemory(this, name);
-    return host::get_item(read(ImageDict).get(), name);
+Ref ResourceManager::LoadImage(Value file) {
+  Ref name = host::path_text(file);
+  Ref path = message::GetResPath(*this, name);
+  if (!path.is_set()) return host::none();
+  if (Ref(read(ImageDict)).contains(name)) {
+    message::ManageImageMemory(*this, name);
+    return Ref(read(ImageDict)).item(name);
   }
   Ref surface;
   Ref error = host::caught(PyExc_Exception, [&] {
-    surface = load_image(path.get());
-    host::set_item(read(ImageDict).get(), name, surface.get());
-    message::ManageImageMemory(this, name);
+    Ref load = host::modules::pygame["image"_name].attr("load"_name);
+    surface = with_file(load, path).call("convert_alpha"_name);
+    Ref(read(ImageDict)).set_item(name, surface);
+    message::ManageImageMemory(*this, name);
   });
   if (!error) return surface;
   host::print_line(error);
   return host::none();
 }
 
-void ResourceManager::ManageImageMemory(PyObject* name) {
+void ResourceManager::ManageImageMemory(Value file) {
+  Ref name = host::path_text(file);
   Ref names = read(ImageDict_MemManage_List);
-  for (Py_ssize_t index = 0; index < host::length(names.get()); ++index) {
-    Ref place = host::integer(index);
-    if (!host::equals(host::get_item(names.get(), place.get()).get(), name)) continue;
-    host::print_line(host::take(PyUnicode_FromFormat("%S load:%zd -> %S", name, index,
-                                                     read(ImageDict_MemManage_Count).get())));
-    host::del_item(names.get(), place.get());
-    host::call_method(names, "append"_name, name);
+  for (Py_ssize_t index = 0; index < names.length(); ++index) {
+    if (!names.item(index).equals(name)) continue;
+    host::print_line(
+        host::formatted("%S load:%zd -> %S", name, index, Ref(read(ImageDict_MemManage_Count))));
+    names.delete_item(host::integer(index));
+    names.append(name);
     return;
   }
-  host::call_method(names, "append"_name, name);
-  write(ImageDict_MemManage_Count, number(ImageDict_MemManage_Count) + Number(1));
-  host::print_line(
-      host::take(PyUnicode_FromFormat("%S load:%S", name, read(ImageDict_MemManage_Count).get())));
+  names.append(name);
+  write(ImageDict_MemManage_Count, read(ImageDict_MemManage_Count) + 1);
+  host::print_line(host::formatted("%S load:%S", name, Ref(read(ImageDict_MemManage_Count))));
 }
 
 void ResourceManager::ReleaseAllImageMemeory() {
-  host::call_method(read(ImageDict), "clear"_name);
-  if (is_set(ImageDict_MemManage_List)) {
-    host::call_method(read(ImageDict_MemManage_List), "clear"_name);
-  }
+  Ref(read(ImageDict)).call("clear"_name);
+  if (is_set(ImageDict_MemManage_List)) Ref(read(ImageDict_MemManage_List)).call("clear"_name);
   write(ImageDict_MemManage_List, host::list());
-  write(ImageDict_MemManage_Total, Number(kImageLimit));
-  write(ImageDict_MemManage_Count, Number(0));
+  write(ImageDict_MemManage_Total, kImageLimit);
+  write(ImageDict_MemManage_Count, 0);
 }
 
 void register_resource_manager(PyObject* module) {
   using Manager = ResourceManager;
-  ResourceBuilder builder("PyGameResManager", nullptr);
-  builder.attribute("resdir", &Manager::resdir, "Root folder of the resources.")
-      .attribute("fontdir", &Manager::fontdir, "Folder of the fonts; stored for scripts.")
-      .attribute("fileDict", &Manager::fileDict,
-                 "Full paths by lower-case file name, which includes the extension.")
-      .attribute("ImageDict", &Manager::ImageDict,
-                 "Loaded surfaces by the names under which they were asked for.")
-      .attribute("soundDict", &Manager::soundDict, "pygame.mixer.Sound objects by sound number.")
-      .attribute("ImageDict_MemManage_List", &Manager::ImageDict_MemManage_List,
-                 "Names of the loaded images, least recently used first.")
-      .attribute("ImageDict_MemManage_Total", &Manager::ImageDict_MemManage_Total,
-                 "Intended number of cached images; nothing is ever dropped for it.")
-      .attribute("ImageDict_MemManage_Count", &Manager::ImageDict_MemManage_Count,
-                 "Number of images loaded since the last release.")
-      .attribute("SceneJsonDict", &Manager::SceneJsonDict, "List of the scenes' names.")
-      .attribute("soundPlayCount", &Manager::soundPlayCount, "The next sound's number.")
-      .constructor<&Manager::construct>(
-          {"resdir"},
-          "Finds every file below a folder and loads files by their bare names.\n\n"
-          "Case does not matter. A folder that does not exist gives an empty index. Of files\n"
-          "that share a name the one met last counts.")
-      .accessors<&Manager::fontdir>(nullptr, "SetFontDir", "path")
+  ResourceDeclaration manager(
+      module, "PyGameResManager",
+      "Finds every file below a folder and loads files by their bare names.\n\n"
+      "Case does not matter. A folder that does not exist gives an empty index. Of files\n"
+      "that share a name the one met last counts.");
+  manager.constructor("(resdir: _File)");
+  manager.attribute<&Manager::resdir>("resdir: str", host::given("resdir"),
+                                      "Root folder of the resources.");
+  manager
+      .attribute<&Manager::fontdir>("fontdir: str | None", nullptr,
+                                    "Folder of the fonts; stored for scripts.")
+      .setter("SetFontDir", "path");
+  manager.attribute<&Manager::fileDict>(
+      "fileDict: dict[str, str]", host::made<&host::dictionary>(),
+      "Full paths by lower-case file name, which includes the extension.");
+  manager.attribute<&Manager::ImageDict>(
+      "ImageDict: dict[str, pygame.Surface]", host::made<&host::dictionary>(),
+      "Loaded surfaces by the names under which they were asked for.");
+  manager.attribute<&Manager::soundDict>("soundDict: dict[int, pygame.mixer.Sound]",
+                                         host::made<&host::dictionary>(),
+                                         "pygame.mixer.Sound objects by sound number.");
+  manager.attribute<&Manager::ImageDict_MemManage_List>(
+      "ImageDict_MemManage_List: list[str]", host::made<&host::new_list>(),
+      "Names of the loaded images, least recently used first.");
+  manager.attribute<&Manager::ImageDict_MemManage_Total>(
+      "ImageDict_MemManage_Total: int", kImageLimit,
+      "Intended number of cached images; nothing is ever dropped for it.");
+  manager.attribute<&Manager::ImageDict_MemManage_Count>(
+      "ImageDict_MemManage_Count: int", 0, "Number of images loaded since the last release.");
+  manager
+      .attribute<&Manager::SceneJsonDict>("SceneJsonDict: list[str]", host::made<&host::new_list>(),
+                                          "List of the scenes' names.")
+      .getter("GetSceneList");
+  manager.attribute<&Manager::soundPlayCount>("soundPlayCount: int", 0, "The next sound's number.");
+  manager.step<&Manager::read_root>();
+  manager
       .method<&Manager::FoundAllResFile>(
-          "FoundAllResFile", {"parentDir", {"dirType", nullptr}},
+          "FoundAllResFile(parentDir: _File, dirType: str | None = None) -> None",
           "Add the files of a folder and of all folders below it to the index.\n\n"
           "`dirType` is the name of the top-level folder that is being read: files in \"Scene\"\n"
           "that have a \"_Res.Json\" file beside them are scenes.")
-      .method<&Manager::AddNewResFile>("AddNewResFile", {"filePath"},
+      .method<&Manager::AddNewResFile>("AddNewResFile(filePath: _File) -> None",
                                        "Add one file to the index, which need not exist yet.")
       .method<&Manager::GetResPath>(
-          "GetResPath", {"filename"},
+          "GetResPath(filename: _File) -> str | None",
           "Return the full path of a file named without its folder, or None if it is unknown.")
-      .accessors<&Manager::SceneJsonDict>("GetSceneList", nullptr, nullptr)
       .method<&Manager::LoadImage>(
-          "LoadImage", {"fileName"},
+          "LoadImage(fileName: _File) -> pygame.Surface | None",
           "Return an image file as a surface with per-pixel alpha; later calls share it.\n\n"
           "Returns None for an unknown name, and for a file that does not load: the error is\n"
           "printed then.")
       .method<&Manager::ManageImageMemory>(
-          "ManageImageMemory", {"fileName"},
+          "ManageImageMemory(fileName: _File) -> None",
           "Note an image's use: its name moves to the end of the list of recent images.\n\n"
           "Prints a line about it.")
       .method<&Manager::ReleaseAllImageMemeory>(
-          "ReleaseAllImageMemeory", "Forget all loaded images and count them from 0 again.");
-  declare_image_sequences(builder);
-  declare_media(builder);
-  host::add_object_protocol(builder);
-  builder.finish(module);
+          "ReleaseAllImageMemeory() -> None",
+          "Forget all loaded images and count them from 0 again.");
+  declare_media(manager);
+  manager.finish();
 }
 
 }  // namespace tessora

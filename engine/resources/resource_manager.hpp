@@ -1,54 +1,53 @@
 // The resource manager: finds files by their bare names, and loads images, fonts, sounds and music.
 #pragma once
 
-#include "engine/host/class.hpp"
+#include "engine/object/declaration.hpp"
 
 namespace tessora {
 
+using namespace host::literals;
+using host::Ref;
+using host::Slot;
+using host::Value;
+
 struct ResourceManager : host::Object {
-  host::Slot resdir, fontdir, fileDict, ImageDict, soundDict;
-  host::Slot ImageDict_MemManage_List, ImageDict_MemManage_Total, ImageDict_MemManage_Count;
-  host::Slot SceneJsonDict, soundPlayCount;
+  Slot resdir, fontdir, fileDict, ImageDict, soundDict;
+  Slot ImageDict_MemManage_List, ImageDict_MemManage_Total, ImageDict_MemManage_Count;
+  Slot SceneJsonDict, soundPlayCount;
 
-  void construct(PyObject* directory);
+  void read_root(Value directory);
 
-  // The index of files: resource_manager.cpp
-  void FoundAllResFile(PyObject* directory, PyObject* type);
-  void AddNewResFile(PyObject* path);
-  host::Ref GetResPath(PyObject* name);
-
-  // Images: resource_manager.cpp
-  host::Ref LoadImage(PyObject* name);
-  void ManageImageMemory(PyObject* name);
+  // The index of files, and images: resource_manager.cpp
+  void FoundAllResFile(Value directory, Value type);
+  void AddNewResFile(Value path);
+  Ref GetResPath(Value name);
+  Ref LoadImage(Value file);
+  void ManageImageMemory(Value file);
   void ReleaseAllImageMemeory();
 
-  // Numbered frames: image_sequence.cpp
-  host::Ref GetImageListFiles(PyObject* name);
-
-  // Sound and fonts: resource_media.cpp
-  void PlayMusic(PyObject* name, PyObject* loops);
+  // Numbered frames, sounds, music, fonts: resource_media.cpp
+  Ref GetImageListFiles(Value name);
+  void PlayMusic(Value name, Value loops);
   void StopMusic();
-  host::Ref PlaySound(PyObject* name);
-  void StopSound(PyObject* id);
-  host::Ref GetFont(PyObject* name, PyObject* size, PyObject* bold, PyObject* italic);
+  Ref PlaySound(Value name);
+  void StopSound(Value id);
+  Ref GetFont(Value name, Value size, Value bold, Value italic);
 
  private:
-  void add_file(PyObject* directory, PyObject* name, PyObject* path, PyObject* type);
+  void add_file(Value directory, Value name, Value path, Value type);
 };
 
 namespace message {
 
-inline const host::Message FoundAllResFile{"FoundAllResFile"};
-inline const host::Message GetResPath{"GetResPath"};
-inline const host::Message LoadImage{"LoadImage"};
-inline const host::Message ManageImageMemory{"ManageImageMemory"};
+inline host::Message FoundAllResFile{"FoundAllResFile"};
+inline host::Message GetResPath{"GetResPath"};
+inline host::Message ManageImageMemory{"ManageImageMemory"};
 
 }  // namespace message
 
 // Registration, one part per file, so that a method is declared beside its code.
-using ResourceBuilder = host::ClassBuilder<ResourceManager>;
-void declare_image_sequences(ResourceBuilder& builder);
-void declare_media(ResourceBuilder& builder);
+using ResourceDeclaration = host::Declaration<ResourceManager>;
+void declare_media(ResourceDeclaration& manager);
 void register_resource_manager(PyObject* module);
 
 }  // namespace tessora
