@@ -1,195 +1,118 @@
 #include "engine/gui/button.hpp"
 
+#include "engine/object/wrong_attributes.hpp"
+
 namespace tessora {
 
 namespace {
 
-template <int Grey>
-PyObject* new_grey() {
-  return host::guarded<PyObject*>(nullptr, [] {
-    Ref level = host::integer(Grey);
-    return make_color(level.get(), level.get(), level.get(), host::integer(255).get()).release();
-  });
-}
+using Button = GUI_Button;
 
-Ref opaque(PyObject* r, PyObject* g, PyObject* b) {
-  return make_color(r, g, b, host::integer(255).get());
-}
+constexpr Look<Button> kLooks[] = {
+    {&Button::bgColor, &Button::image, &Button::textColor},
+    {&Button::bgColor_hover, &Button::image_hover, &Button::textColor_hover},
+    {&Button::bgColor_click, &Button::image_click, &Button::textColor_click},
+};
 
 }  // namespace
 
-void GUI_Button::construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y,
-                           PyObject* new_text, PyObject* font_name, PyObject* font_size) {
-  GUI_Label::construct(new_parent, new_x, new_y, new_text, font_name, font_size);
-  write(NodeType, "Button"_name);
-  write(PickDownFunction, Py_None);
-  write(PickUpFunction, Py_None);
-  write(textColor, host::lazy_default<&new_black>());
-  write(bgColor, host::lazy_default<&new_grey<168>>());
-  write(textColor_hover, host::lazy_default<&new_black>());
-  write(bgColor_hover, host::lazy_default<&new_grey<128>>());
-  write(image_hover, Py_None);
-  write(image_hover_File, Py_None);
-  write(image_click_File, Py_None);
-  write(textColor_click, host::lazy_default<&new_black>());
-  write(bgColor_click, host::lazy_default<&new_grey<96>>());
-  write(image_click, Py_None);
-  write(borderVisible, true);
-  host::call_method(static_cast<PyObject*>(this), "SetStyle"_name, host::text("raised"));
+void GUI_Button::begin_raised() {
+  message::SetStyle(*this, "raised"_name);
 }
 
 // A disabled button takes no press, for itself or its children.
-Ref GUI_Button::OnPickDownFunction(PyObject* px, PyObject* py) {
-  return is_true(enable) ? GUI_Label::OnPickDownFunction(px, py) : host::none();
+Ref GUI_Button::OnPickDownFunction(Value px, Value py) {
+  if (!is_true(enable)) return host::none();
+  return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Label>(*this, px, py);
 }
 
 // Disabled while it was pressed, it must not stay pressed.
-Ref GUI_Button::OnPickUpFunction(PyObject* px, PyObject* py) {
-  if (is_true(enable)) return GUI_Label::OnPickUpFunction(px, py);
-  if (is_visible(this)) write(clicked, false);
+Ref GUI_Button::OnPickUpFunction(Value px, Value py) {
+  if (is_true(enable)) {
+    return message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Label>(*this, px, py);
+  }
+  if (is_visible(*this)) write(clicked, false);
   return host::none();
 }
 
-void GUI_Button::SetImage_Hover(PyObject* file) {
-  Ref name = Ref::share(file);
-  write(image_hover, load_image(file));
-  write(image_hover_File, name);
-}
-
-void GUI_Button::SetImage_Click(PyObject* file) {
-  Ref name = Ref::share(file);
-  write(image_click, load_image(file));
-  write(image_click_File, name);
-}
-
-void GUI_Button::SetBGColor_Hover(PyObject* r, PyObject* g, PyObject* b) {
-  write(bgColor_hover, opaque(r, g, b));
-}
-void GUI_Button::SetBGColor_Click(PyObject* r, PyObject* g, PyObject* b) {
-  write(bgColor_click, opaque(r, g, b));
-}
-void GUI_Button::SetTextColor_Hover(PyObject* r, PyObject* g, PyObject* b) {
-  write(textColor_hover, opaque(r, g, b));
-}
-void GUI_Button::SetTextColor_Click(PyObject* r, PyObject* g, PyObject* b) {
-  write(textColor_click, opaque(r, g, b));
-}
-
-bool GUI_Button::is_hovered() {
-  if (!host::is_text(read(NodeType).get(), "Button"_name)) return false;
-  Ref pointer = host::call(host::modules::mouse["get_pos"_name]);
-  if (PyTuple_CheckExact(pointer.get()) && PyTuple_GET_SIZE(pointer.get()) == 2) {
-    return drawn_rect_contains(PyTuple_GET_ITEM(pointer.get(), 0),
-                               PyTuple_GET_ITEM(pointer.get(), 1));
+bool GUI_Button::is_hovered(Value kind) {
+  Ref own = read(NodeType);
+  if (!own.is_text(kind)) return false;
+  Ref pointer = host::modules::mouse.call("get_pos"_name);
+  if (pointer.is_plain_tuple() && pointer.length() == 2) {
+    return drawn_rect_contains(pointer.item(0), pointer.item(1));
   }
-  return host::equals_true(host::call_method(drawn_rect(), "collidepoint"_name, pointer));
+  Ref inside = drawn_rect().call("collidepoint"_name, pointer);
+  return inside.equals_true();
 }
 
-void GUI_Button::draw_state(PyObject* screen, LazySlot& background, const Slot& picture,
-                            LazySlot& words) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_hollow()) message::drawBGColor(self, screen, read(background));
-  if (is_set(picture)) message::drawimage(self, screen, read(picture));
-  message::drawText(self, screen, read(text), read(words));
+bool GUI_Button::is_click(Value px, Value py) {
+  return is_true(clicked) && is_visible(*this) && is_true(enable) && is_true(Enable_PickUp) &&
+         drawn_rect_contains(px, py);
 }
 
-void GUI_Button::draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_visible(self)) return;
-  message::draw_begin(self, offset_x, offset_y, scale);
-  if (is_set(style)) {
-    if (is_true(clicked)) {
-      draw_state(screen, bgColor_click, image_click, textColor_click);
-    } else if (is_hovered()) {
-      draw_state(screen, bgColor_hover, image_hover, textColor_hover);
-    } else {
-      draw_state(screen, bgColor, image, textColor);
+std::size_t GUI_Button::state(Value kind) {
+  enum : std::size_t { kNormal, kHovered, kPressed };
+  if (is_true(clicked)) return kPressed;
+  return is_hovered(kind) ? kHovered : kNormal;
+}
+
+void GUI_Button::draw(Value screen, Value offset_x, Value offset_y, Value scale) {
+  if (!is_visible(*this)) return;
+  host::naming_attributes(*this, [&] {
+    message::draw_begin(*this, offset_x, offset_y, scale);
+    if (is_set(style)) {
+      const Look<Button>& look = kLooks[state("Button"_name)];
+      draw_look(*this, screen, look);
+      message::drawText(*this, screen, read(text), read(this->*look.text_color));
     }
-  }
-  finish_draw(screen, offset_x, offset_y, scale);
+    finish_draw(screen, offset_x, offset_y, scale);
+  });
 }
 
-void GUI_Button::CopyTo(PyObject* other) {
-  Ref to = Ref::share(other);
-  GUI_Label::CopyTo(other);
-  Ref kind = message::GetNodeType(to);
-  bool known = false;
-  for (PyObject* type : {"Button"_name, "CheckButton"_name, "RadioButton"_name}) {
-    known = known || host::is_text(kind.get(), type);
+void GUI_Button::CopyTo(Value other) {
+  message::CopyTo.base<&GUI_Label::CopyTo>(*this, other);
+  if (is_of_kind(other, {"Button"_name, "CheckButton"_name, "RadioButton"_name})) {
+    host::copy_rows(*this, other, host::class_info<Button>);
   }
-  if (!known) return;
-  auto copy_color = [&](PyObject* setter, const Ref& color) {
-    host::call_method(to, setter, host::get_attr(color, "r"_name), host::get_attr(color, "g"_name),
-                      host::get_attr(color, "b"_name));
-  };
-  copy_color("SetTextColor_Hover"_name, read(textColor_hover));
-  copy_color("SetTextColor_Click"_name, read(textColor_click));
-  copy_color("SetBGColor_Hover"_name, read(bgColor_hover));
-  copy_color("SetBGColor_Click"_name, read(bgColor_click));
-  if (is_set(image_hover_File))
-    host::call_method(to, "SetImage_Hover"_name, read(image_hover_File));
-  if (is_set(image_click_File))
-    host::call_method(to, "SetImage_Click"_name, read(image_click_File));
 }
 
 void register_button(PyObject* module) {
-  host::ClassBuilder<GUI_Button> builder("GUI_Button", &host::class_info<GUI_Label>);
-  builder.attribute("textColor_hover", &GUI_Button::textColor_hover, "text colour, pointer inside")
-      .attribute("bgColor_hover", &GUI_Button::bgColor_hover, "background, pointer inside")
-      .attribute("image_hover", &GUI_Button::image_hover, "picture, pointer inside, or None")
-      .attribute("image_hover_File", &GUI_Button::image_hover_File,
-                 "file name of the hovered state's picture, or None")
-      .attribute("image_click_File", &GUI_Button::image_click_File,
-                 "file name of the pressed state's picture, or None")
-      .attribute("textColor_click", &GUI_Button::textColor_click, "text colour while pressed")
-      .attribute("bgColor_click", &GUI_Button::bgColor_click, "background while pressed")
-      .attribute("image_click", &GUI_Button::image_click, "picture while pressed, or None");
-  builder.constructor<&GUI_Button::construct>(
-      {{"parent", nullptr},
-       {"x", 0},
-       {"y", 0},
-       {"text", ""},
-       {"fontname", "Arial"},
-       {"fontsize", 16}},
-      "A label that reacts to the mouse: normal, hovered and pressed.\n\nAssign "
-      "`PickDownFunction` or `PickUpFunction` to learn of presses and releases.");
-  builder.accessors<&GUI_Button::clicked>("IsClicked", nullptr, "flag")
-      .method<&GUI_Button::SetImage_Hover>(
-          "SetImage_Hover", {"imagefile"},
-          "Load the picture of the hovered state through `Res` and record its file.")
-      .accessors<&GUI_Button::image_hover>("GetImage_Hover", nullptr, "image")
-      .accessors<&GUI_Button::image_hover_File>("GetImageFile_Hover", nullptr, "file")
-      .method<&GUI_Button::SetBGColor_Hover>("SetBGColor_Hover", {"r", "g", "b"},
-                                             "Set the opaque background of the hovered state.")
-      .accessors<&GUI_Button::bgColor_hover>("GetBGColor_Hover", nullptr, "color")
-      .method<&GUI_Button::SetTextColor_Hover>("SetTextColor_Hover", {"r", "g", "b"},
-                                               "Set the opaque text colour of the hovered state.")
-      .accessors<&GUI_Button::textColor_hover>("GetTextColor_Hover", nullptr, "color")
-      .method<&GUI_Button::SetImage_Click>(
-          "SetImage_Click", {"imagefile"},
-          "Load the picture of the pressed state through `Res` and record its file.")
-      .accessors<&GUI_Button::image_click>("GetImage_Click", nullptr, "image")
-      .accessors<&GUI_Button::image_click_File>("GetImageFile_Click", nullptr, "file")
-      .method<&GUI_Button::SetBGColor_Click>("SetBGColor_Click", {"r", "g", "b"},
-                                             "Set the opaque background of the pressed state.")
-      .accessors<&GUI_Button::bgColor_click>("GetBGColor_Click", nullptr, "color")
-      .method<&GUI_Button::SetTextColor_Click>("SetTextColor_Click", {"r", "g", "b"},
-                                               "Set the opaque text colour of the pressed state.")
-      .accessors<&GUI_Button::textColor_click>("GetTextColor_Click", nullptr, "color")
-      .method<&GUI_Button::OnPickDownFunction>(
-          "OnPickDownFunction", {"x", "y"},
+  using Declaration = host::Declaration<Button, GUI_Label>;
+  Declaration button(module, "GUI_Button",
+                     "A label that reacts to the mouse: normal, hovered and pressed.\n\nAssign "
+                     "`PickDownFunction` or `PickUpFunction` to learn of presses and releases.");
+  button.constructor(kLabelParameters);
+  const auto black = host::color(0, 0, 0);
+  auto grey = [](int level) { return host::color(level, level, level); };
+  const LookRows hovered(button, "_hover", "_Hover", ", pointer inside");
+  const LookRows pressed(button, "_click", "_Click", " while pressed");
+  button.sets<&Button::NodeType>("Button");
+  button.sets<&Button::PickDownFunction, &Button::PickUpFunction>(nullptr);
+  button.sets<&Button::textColor>(black).sets<&Button::bgColor>(grey(168));
+  hovered.text_color<&Button::textColor_hover>(black);
+  hovered.background<&Button::bgColor_hover>(grey(128));
+  hovered.picture<&Button::image_hover, &Button::image_hover_File>();
+  hovered.file<&Button::image_hover_File>();
+  pressed.file<&Button::image_click_File>();
+  pressed.text_color<&Button::textColor_click>(black);
+  pressed.background<&Button::bgColor_click>(grey(96));
+  pressed.picture<&Button::image_click, &Button::image_click_File>();
+  button.sets<&Button::borderVisible>(true).step<&Button::begin_raised>();
+  host::declare_getter<&Button::clicked>(button, "IsClicked", "bool",
+                                         "`clicked`: pressed at the moment");
+  declare_draw<&Button::draw>(
+      button, "Draw the look of the current state, the border, overlays and children.")
+      .method<&Button::OnPickDownFunction>(
+          "OnPickDownFunction(x: float, y: float) -> GameNode | None",
           "Handle a press as a node does; a disabled button takes none.")
-      .method<&GUI_Button::OnPickUpFunction>(
-          "OnPickUpFunction", {"x", "y"},
+      .method<&Button::OnPickUpFunction>(
+          "OnPickUpFunction(x: float, y: float) -> GameNode | None",
           "Handle a release as a node does; a disabled button only stops being pressed.")
-      .method<&GUI_Button::draw>(
-          "draw", {"screen", {"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}},
-          "Draw the look of the current state, the border, overlays and children.\n\n"
-          "`offsetX`, `offsetY` (pixels) and `scale` are the camera.")
-      .method<&GUI_Button::CopyTo>(
-          "CopyTo", {"other"},
+      .method<&Button::CopyTo>(
+          "CopyTo(other: GameNode) -> None",
           "Copy the label part and, into a button, the colours and pictures of its states.");
-  builder.finish(module);
+  button.finish();
 }
 
 }  // namespace tessora

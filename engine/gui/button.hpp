@@ -1,7 +1,7 @@
 // The button: a label with a normal, a hovered and a pressed look.
 #pragma once
 
-#include "engine/gui/label.hpp"
+#include "engine/gui/looks.hpp"
 
 namespace tessora {
 
@@ -11,23 +11,21 @@ struct GUI_Button : GUI_Label {
   LazySlot textColor_click, bgColor_click;
   Slot image_click;
 
-  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y, PyObject* new_text,
-                 PyObject* font_name, PyObject* font_size);
+  void begin_raised();
+  Ref OnPickDownFunction(Value px, Value py);
+  Ref OnPickUpFunction(Value px, Value py);
+  void draw(Value screen, Value offset_x, Value offset_y, Value scale);
+  void CopyTo(Value other);
 
-  Ref OnPickDownFunction(PyObject* px, PyObject* py);
-  Ref OnPickUpFunction(PyObject* px, PyObject* py);
-  void SetImage_Hover(PyObject* file);
-  void SetImage_Click(PyObject* file);
-  void SetBGColor_Hover(PyObject* r, PyObject* g, PyObject* b);
-  void SetBGColor_Click(PyObject* r, PyObject* g, PyObject* b);
-  void SetTextColor_Hover(PyObject* r, PyObject* g, PyObject* b);
-  void SetTextColor_Click(PyObject* r, PyObject* g, PyObject* b);
-  void draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale);
-  void CopyTo(PyObject* other);
+  // Pressed, or with the pointer inside while NodeType is still `kind`: the place in a table of
+  // three looks, normal, hovered, pressed.
+  std::size_t state(Value kind);
+  // What check and radio buttons have in common.
+  // Pressed and about to be released on the widget itself.
+  bool is_click(Value px, Value py);
 
  private:
-  bool is_hovered();
-  void draw_state(PyObject* screen, LazySlot& background, const Slot& picture, LazySlot& words);
+  bool is_hovered(Value kind);
 };
 
 void register_button(PyObject* module);

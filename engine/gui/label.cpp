@@ -1,220 +1,174 @@
 #include "engine/gui/label.hpp"
 
-#include "engine/host/fonts.hpp"
+#include <algorithm>
+
+#include "engine/object/wrong_attributes.hpp"
+#include "engine/pixels/surface.hpp"
 
 namespace tessora {
 
 namespace {
 
-constexpr int kTextGap = 2;
-
-bool names_font_file(PyObject* name) {
-  Ref lowered = host::call_method(name, "lower"_name);
-  return host::contains(lowered.get(), host::text(".ttf").get()) ||
-         host::contains(lowered.get(), host::text(".otf").get());
+// Where a length of text starts along one axis of the widget, in unscaled pixels.
+double aligned(GUI_Label& label, const Slot& align, Value near_edge, Value far_edge,
+               const Slot& gap, const Slot& extent, double length) {
+  Ref where = label.read(align);
+  if (where.is_text(near_edge)) return Number(label.read(gap)).to_double();
+  const Number rest = label.read(extent) - Number(length);
+  return where.is_text(far_edge) ? rest.to_double() : rest.to_double() * 0.5;
 }
 
-// What is displayed for a text: with a password character, that character once per character.
-Ref displayed(const Ref& show_char, PyObject* text) {
-  if (!host::is_set(show_char)) return Ref::share(text);
-  return host::take(PyNumber_Multiply(show_char.get(), host::integer(host::length(text)).get()));
+// The font of a new label.
+void start_label_font(GUI_Label& label, Value, Value, Value, Value, Value name, Value size) {
+  start_font(label, name, size);
+}
+
+void copy_font(host::Object& from, Value to, const host::CopyRow& row) {
+  auto& label = static_cast<GUI_Label&>(from);
+  if (label.is_unset(label.font)) return;
+  Ref own = label.read(label.font);
+  Ref name = message::GetFontName(label);
+  to.call(row.name, own, name);
 }
 
 }  // namespace
 
-PyObject* new_black() {
-  return host::guarded<PyObject*>(nullptr, [] {
-    return host::call(host::modules::pygame["Color"_name], host::text("black")).release();
+Ref GUI_Label::displayed(Value content) {
+  Ref character = read(showChar);
+  return character.is_set() ? host::repeated(character, content.length()) : Ref(content);
+}
+
+render::Point GUI_Label::text_corner(const render::Size& size) {
+  const double left =
+      aligned(*this, HAlign, "left"_name, "right"_name, textleftgap, width, size.width);
+  const double top =
+      aligned(*this, VAlign, "top"_name, "bottom"_name, texttopgap, height, size.height);
+  return {left, top};
+}
+
+void GUI_Label::drawText(Value screen, Value given, Value color) {
+  if (!is_true(textVisible)) return;
+  Ref shown = displayed(given);
+  if (shown.length() == 0) return;
+  Ref type = read(font);
+  const render::TextFace face = render::text_face(type, shown, color);
+  if (!face.picture) return;
+  const PlacedText placed{shown, face, text_corner({face.width, face.height})};
+  draw_texts(screen, type, color, {&placed, 1});
+}
+
+void GUI_Label::draw_texts(Value screen, Value type, Value color,
+                           std::span<const PlacedText> texts) {
+  const render::Canvas canvas(screen);
+  const double turn = drawn_angle();
+  if (turn != 0.0) {
+    // Rotated text turns with the widget, about its centre, and is cut at its edges.
+    render::FaceKey key("turned text", render::FontPart{type}, color);
+    for (const PlacedText& each : texts) {
+      key.add(Value(each.shown)).add(each.corner.x).add(each.corner.y);
+    }
+    const render::Size whole = unscaled_size();
+    const render::Size drawn = drawn_size();
+    return canvas.sheet(key, whole, drawn, turn, drawn_center(), [&](const render::Canvas& sheet) {
+      for (const PlacedText& each : texts) sheet.blit(each.face.picture, each.corner);
+    });
+  }
+  for (const PlacedText& each : texts) {
+    // Some versions render more rows than size() promises.
+    const render::NumberSize own = render::size_of(each.face.picture);
+    const Number wide = own.width * read(WSX);
+    const Number high = own.height * read(WSY);
+    const Number across = read(WX) + Number(each.corner.x) * read(WSX);
+    const Number down = read(WY) + Number(each.corner.y) * read(WSY);
+    const render::Size size{wide.to_double(), high.to_double()};
+    if (pixels(size.width) && pixels(size.height)) {
+      canvas.text(each.face, size, {across.to_double(), down.to_double()});
+    }
+  }
+}
+
+void GUI_Label::draw(Value screen, Value offset_x, Value offset_y, Value scale) {
+  if (!is_visible(*this)) return;
+  host::naming_attributes(*this, [&] {
+    begin_draw(offset_x, offset_y, scale);
+    draw_picture_or_background(screen);
+    message::drawText(*this, screen, read(text), read(textColor));
+    finish_draw(screen, offset_x, offset_y, scale);
   });
 }
 
-void GUI_Label::construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y,
-                          PyObject* new_text, PyObject* font_name, PyObject* font_size) {
-  Ref words = Ref::share(new_text);
-  GUI_Image::construct(new_parent, new_x, new_y);
-  write(NodeType, "Label"_name);
-  write(text, words);
-  CreateFont(font_name, font_size, Py_False, Py_False, Py_False, Py_False);
-  write(textColor, host::lazy_default<&new_black>());
-  write(HAlign, "center"_name);
-  write(VAlign, "center"_name);
-  for (Slot* gap : {&textleftgap, &texttopgap}) write(*gap, Number(kTextGap));
-  write(textVisible, true);
-  write(showChar, Py_None);
+bool is_of_kind(Value widget, std::initializer_list<Value> kinds) {
+  Ref kind = message::GetNodeType(widget);
+  return std::ranges::any_of(kinds, [&](Value each) { return kind.is_text(each); });
 }
 
-void GUI_Label::CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObject* italic,
-                           PyObject* underline, PyObject* strike) {
-  Ref made;
-  if (names_font_file(name)) {
-    made =
-        host::call_method(host::engine_value("Res"_name), "GetFont"_name, name, size, bold, italic);
-  } else {
-    made = host::call(host::modules::font["SysFont"_name], name, size, bold, italic);
+void GUI_Label::CopyTo(Value other) {
+  message::CopyTo.base<&GUI_Image::CopyTo>(*this, other);
+  if (is_of_kind(other, {"Label"_name, "Button"_name})) {
+    host::copy_rows(*this, other, host::class_info<GUI_Label>);
   }
-  if (host::is_set(made)) host::note_font(made.get());
-  write(font, made);
-  write(fontname, name);
-  write(fontsize, size);
-  write(fontbold, bold);
-  write(fontitalic, italic);
-  write(fontunderline, underline);
-  write(strikethrough, strike);
-  host::call_method(made, "set_underline"_name, underline);
-  // Older versions of pygame cannot strike text through.
-  if (Ref setter = host::find_attr(made.get(), "set_strikethrough"_name))
-    host::call(setter, strike);
 }
 
-void GUI_Label::SetFont(PyObject* ready, PyObject* name) {
-  write(font, ready);
-  write(fontname, name);
-  host::note_font(read(font).get());
+namespace {
+
+using LabelDeclaration = host::Declaration<GUI_Label, GUI_Image>;
+
+// CopyTo calls the setters in this order.
+enum CopyRank : std::uint8_t { kText, kShowChar, kFont, kVisible, kAlign, kColor, kGap };
+
+void declare_rows(LabelDeclaration& d) {
+  using L = GUI_Label;
+  d.attribute<&L::text>("text: str", host::given("text"), "the string shown")
+      .pair("GetText", "SetText", "text")
+      .copied_by("SetText", kText);
+  declare_font_rows(d).copies(&copy_font, "SetFont", kFont);
+  d.step<&start_label_font>();
+  d.attribute<&L::textColor>("textColor: pygame.Color", host::color(0, 0, 0), "colour of the text")
+      .getter("GetTextColor")
+      .color_setter<host::Alpha::kGiven>("SetTextColor")
+      .color_copied_by<host::Alpha::kGiven>("SetTextColor", kColor);
+  d.attribute<&L::HAlign>("HAlign: str", "center", "\"left\", \"center\" or \"right\"")
+      .pair("GetTextHAlign", "SetTextHAlign", "align")
+      .copied_by("SetTextHAlign", kAlign);
+  d.attribute<&L::VAlign>("VAlign: str", "center", "\"top\", \"center\" or \"bottom\"")
+      .pair("GetTextVAlign", "SetTextVAlign", "align")
+      .copied_by("SetTextVAlign", kAlign);
+  d.attribute<&L::textleftgap>("textleftgap: float", 2, "distance from the left edge, pixels")
+      .pair("GetTextLeftGap", "SetTextLeftGap", "gap")
+      .copied_by("SetTextLeftGap", kGap);
+  d.attribute<&L::texttopgap>("texttopgap: float", 2, "distance from the top edge, pixels")
+      .pair("GetTextTopGap", "SetTextTopGap", "gap")
+      .copied_by("SetTextTopGap", kGap);
+  d.attribute<&L::textVisible>("textVisible: bool", true, "whether the text is drawn")
+      .pair("IsTextVisible", "SetTextVisible", "flag")
+      .copied_by("SetTextVisible", kVisible);
+  d.attribute<&L::showChar>("showChar: str | None", nullptr,
+                            "character shown in place of each one, or None")
+      .pair("GetShowChar", "SetShowChar", "char")
+      .copied_by("SetShowChar", kShowChar);
 }
 
-void GUI_Label::SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a) {
-  write(textColor, make_color(r, g, b, a));
-}
-
-Number GUI_Label::aligned(const Slot& align, PyObject* near_edge, PyObject* far_edge,
-                          const Slot& gap, const Number& extent, const Number& length) {
-  Ref where = read(align);
-  if (host::is_text(where.get(), near_edge)) return number(gap);
-  if (host::is_text(where.get(), far_edge)) return extent - length;
-  return (extent - length) * Number(0.5);
-}
-
-void GUI_Label::drawText(PyObject* screen, PyObject* given, PyObject* color) {
-  if (!is_true(textVisible)) return;
-  Ref tint = Ref::share(color);
-  Ref shown = displayed(read(showChar), given);
-  if (host::length(shown.get()) == 0) return;
-  Ref type = read(font);
-  host::check_font(type.get());
-  Ref size = host::call_method(type, "size"_name, shown);
-  Ref picture = host::call_method(type, "render"_name, shown, Py_True, tint);
-  picture = host::call_method(picture, "convert_alpha"_name);
-  Number wide = host::number(host::get_item(size.get(), host::integer(0).get()));
-  Number high = host::number(host::get_item(size.get(), host::integer(1).get()));
-  Number left = aligned(HAlign, "left"_name, "right"_name, textleftgap, number(width), wide);
-  Number top = aligned(VAlign, "top"_name, "bottom"_name, texttopgap, number(height), high);
-  if (number(WAngle) == Number(0)) {
-    // Some versions render more rows than size() promises.
-    Ref own = host::call_method(picture, "get_size"_name);
-    Ref own_width = host::get_item(own.get(), host::integer(0).get());
-    Ref own_height = host::get_item(own.get(), host::integer(1).get());
-    Ref drawn = host::tuple((host::number(own_width) * number(WSX)).truncated(),
-                            (host::number(own_height) * number(WSY)).truncated());
-    render::blit(screen, render::scaled(picture, drawn), number(WX) + left * number(WSX),
-                 number(WY) + top * number(WSY), Py_None);
-    return;
-  }
-  // Rotated text turns with the widget, about its centre, and is cut at its edges.
-  Ref sheet =
-      render::new_alpha_surface(host::tuple(number(width).truncated(), number(height).truncated()));
-  Ref zero = host::integer(0);
-  host::call_method(sheet, "fill"_name, host::tuple(zero, zero, zero, zero));
-  render::blit(sheet.get(), picture, left, top, Py_None);
-  blit_rotated(screen, sheet);
-}
-
-void GUI_Label::draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale) {
-  auto* self = static_cast<PyObject*>(this);
-  if (!is_visible(self)) return;
-  if (number(alpha) > Number(0)) message::draw_begin(self, offset_x, offset_y, scale);
-  draw_picture(screen);
-  if (!is_set(image) && !is_hollow()) message::drawBGColor(self, screen, read(bgColor));
-  message::drawText(self, screen, read(text), read(textColor));
-  finish_draw(screen, offset_x, offset_y, scale);
-}
-
-void GUI_Label::CopyTo(PyObject* other) {
-  Ref to = Ref::share(other);
-  GUI_Image::CopyTo(other);
-  Ref kind = message::GetNodeType(to);
-  if (!host::is_text(kind.get(), "Label"_name) && !host::is_text(kind.get(), "Button"_name)) return;
-  host::call_method(to, "SetText"_name, read(text));
-  host::call_method(to, "SetShowChar"_name, read(showChar));
-  host::call_method(to, "SetFont"_name, read(font),
-                    message::GetFontName(static_cast<PyObject*>(this)));
-  host::call_method(to, "SetTextVisible"_name, read(textVisible));
-  host::call_method(to, "SetTextHAlign"_name, read(HAlign));
-  host::call_method(to, "SetTextVAlign"_name, read(VAlign));
-  Ref color = read(textColor);
-  host::call_method(to, "SetTextColor"_name, host::get_attr(color, "r"_name),
-                    host::get_attr(color, "g"_name), host::get_attr(color, "b"_name),
-                    host::get_attr(color, "a"_name));
-  host::call_method(to, "SetTextLeftGap"_name, read(textleftgap));
-  host::call_method(to, "SetTextTopGap"_name, read(texttopgap));
-}
+}  // namespace
 
 void register_label(PyObject* module) {
-  host::ClassBuilder<GUI_Label> builder("GUI_Label", &host::class_info<GUI_Image>);
-  builder.attribute("text", &GUI_Label::text, "the string shown")
-      .attribute("font", &GUI_Label::font, "pygame font that renders the text")
-      .attribute("fontname", &GUI_Label::fontname, "name of the font or its file")
-      .attribute("fontsize", &GUI_Label::fontsize, "size of the font, pixels")
-      .attribute("fontbold", &GUI_Label::fontbold, "bold text")
-      .attribute("fontitalic", &GUI_Label::fontitalic, "italic text")
-      .attribute("fontunderline", &GUI_Label::fontunderline, "underlined text")
-      .attribute("strikethrough", &GUI_Label::strikethrough, "text struck through")
-      .attribute("textColor", &GUI_Label::textColor, "colour of the text")
-      .attribute("HAlign", &GUI_Label::HAlign, "\"left\", \"center\" or \"right\"")
-      .attribute("VAlign", &GUI_Label::VAlign, "\"top\", \"center\" or \"bottom\"")
-      .attribute("textleftgap", &GUI_Label::textleftgap, "distance from the left edge, pixels")
-      .attribute("texttopgap", &GUI_Label::texttopgap, "distance from the top edge, pixels")
-      .attribute("textVisible", &GUI_Label::textVisible, "whether the text is drawn")
-      .attribute("showChar", &GUI_Label::showChar, "character shown in place of each one, or None");
-  builder.constructor<&GUI_Label::construct>(
-      {{"parent", nullptr},
-       {"x", 0},
-       {"y", 0},
-       {"text", ""},
-       {"fontname", "Arial"},
-       {"fontsize", 16}},
+  LabelDeclaration label(
+      module, "GUI_Label",
       "An image widget with one line of text.\n\n`fontname` is a system font, or a \".ttf\" or "
       "\".otf\" file that `Res` finds; `fontsize` is in pixels.");
-  builder
-      .method<&GUI_Label::CreateFont>(
-          "CreateFont",
-          {"fontname",
-           "fontsize",
-           {"bold", false},
-           {"italic", false},
-           {"underline", false},
-           {"strikethrough", false}},
-          "Make and use a system font or, with \".ttf\" or \".otf\" in the name, a font file of "
-          "the resources.\n\nRaises AttributeError when `Res` does not find the file.")
-      .method<&GUI_Label::SetFont>("SetFont", {"font", "fontname"},
-                                   "Use a ready font; its size and flags are not read.")
-      .accessors<&GUI_Label::font>("GetFont", nullptr, "font")
-      .accessors<&GUI_Label::fontname>("GetFontName", nullptr, "name")
-      .accessors<&GUI_Label::fontsize>("GetFontSize", nullptr, "size")
-      .accessors<&GUI_Label::fontbold>("GetFontBold", nullptr, "flag")
-      .accessors<&GUI_Label::fontitalic>("GetFontItalic", nullptr, "flag")
-      .accessors<&GUI_Label::fontunderline>("GetFontUnderline", nullptr, "flag")
-      .accessors<&GUI_Label::strikethrough>("GetFontStrikeThrough", nullptr, "flag")
-      .accessors<&GUI_Label::text>("GetText", "SetText", "text")
-      .accessors<&GUI_Label::textColor>("GetTextColor", nullptr, "color")
-      .method<&GUI_Label::SetTextColor>("SetTextColor", {"r", "g", "b", {"a", 255}},
-                                        "Set the text colour; components from 0 to 255.")
-      .accessors<&GUI_Label::HAlign>("GetTextHAlign", "SetTextHAlign", "align")
-      .accessors<&GUI_Label::VAlign>("GetTextVAlign", "SetTextVAlign", "align")
-      .accessors<&GUI_Label::textleftgap>("GetTextLeftGap", "SetTextLeftGap", "gap")
-      .accessors<&GUI_Label::texttopgap>("GetTextTopGap", "SetTextTopGap", "gap")
-      .accessors<&GUI_Label::textVisible>("IsTextVisible", "SetTextVisible", "flag")
-      .accessors<&GUI_Label::showChar>("GetShowChar", "SetShowChar", "char")
+  label.constructor(kLabelParameters);
+  label.sets<&GUI_Label::NodeType>("Label");
+  declare_rows(label);
+  declare_draw<&GUI_Label::draw>(
+      label, "Draw the picture or background, the text, border, overlays and children.")
+      .method<&create_font<GUI_Label>>(kCreateFont, kCreateFontDoc)
+      .method<&set_font<GUI_Label>>(kSetFont, kSetFontDoc)
       .method<&GUI_Label::drawText>(
-          "drawText", {"screen", "text", "textColor"},
+          "drawText(screen: pygame.Surface, text: str, textColor: _ColorValue) -> None",
           "Draw a text in a colour inside the widget, aligned, scaled and rotated with it.")
-      .method<&GUI_Label::draw>(
-          "draw", {"screen", {"offsetX", 0}, {"offsetY", 0}, {"scale", 1.0}},
-          "Draw the picture or background, the text, border, overlays and children.\n\n"
-          "`offsetX`, `offsetY` (pixels) and `scale` are the camera.")
       .method<&GUI_Label::CopyTo>(
-          "CopyTo", {"other"},
+          "CopyTo(other: GameNode) -> None",
           "Copy the image part and, into a label or button, the text and how it is shown.");
-  builder.finish(module);
+  label.finish();
 }
 
 }  // namespace tessora

@@ -1,39 +1,50 @@
 // The label: one line of text over the widget's picture or background.
 #pragma once
 
-#include "engine/gui/image.hpp"
+#include <span>
+
+#include "engine/gui/fonts.hpp"
 
 namespace tessora {
 
 struct GUI_Label : GUI_Image {
-  Slot text, font, fontname, fontsize;
+  Slot text;
+  LazySlot font;
+  Slot fontname, fontsize;
   Slot fontbold, fontitalic, fontunderline, strikethrough;
   LazySlot textColor;
   Slot HAlign, VAlign, textleftgap, texttopgap, textVisible, showChar;
 
-  void construct(PyObject* new_parent, PyObject* new_x, PyObject* new_y, PyObject* new_text,
-                 PyObject* font_name, PyObject* font_size);
+  void draw(Value screen, Value offset_x, Value offset_y, Value scale);
+  void drawText(Value screen, Value given, Value color);
+  void CopyTo(Value other);
 
-  void CreateFont(PyObject* name, PyObject* size, PyObject* bold, PyObject* italic,
-                  PyObject* underline, PyObject* strike);
-  void SetFont(PyObject* ready, PyObject* name);
-  void SetTextColor(PyObject* r, PyObject* g, PyObject* b, PyObject* a);
-  void draw(PyObject* screen, PyObject* offset_x, PyObject* offset_y, PyObject* scale);
-  void drawText(PyObject* screen, PyObject* given, PyObject* color);
-  void CopyTo(PyObject* other);
-
- private:
-  // Where a length of text starts along one axis of the widget, in unscaled pixels.
-  Number aligned(const Slot& align, PyObject* near_edge, PyObject* far_edge, const Slot& gap,
-                 const Number& extent, const Number& length);
+  // What is drawn of a text: with a password character, that character once per character.
+  Ref displayed(Value content);
+  // Where a text of this size starts inside the widget, in unscaled pixels.
+  render::Point text_corner(const render::Size& size);
+  // A text as it is displayed, and where it starts.
+  struct PlacedText {
+    Ref shown;
+    render::TextFace face;
+    render::Point corner;
+  };
+  // Draws texts of one font and colour as they lie in the widget.
+  void draw_texts(Value screen, Value type, Value color, std::span<const PlacedText> texts);
 };
 
 namespace message {
-inline const Message drawText{"drawText"};
-inline const Message GetFontName{"GetFontName"};
+inline Message drawText{"drawText"};
 }  // namespace message
 
-PyObject* new_black();
+// The parameters of the label's constructor, which those derived from it share.
+inline constexpr const char* kLabelParameters =
+    "(parent: GameNode | None = None, x: float = 0, y: float = 0, text: str = \"\", "
+    "fontname: str = \"Arial\", fontsize: int = 16)";
+
+// Whether the widget's GetNodeType() is one of these.
+bool is_of_kind(Value widget, std::initializer_list<Value> kinds);
+
 void register_label(PyObject* module);
 
 }  // namespace tessora
