@@ -1,5 +1,9 @@
 """2D game engine on pygame: scene nodes in layers, actions, pictures, labels, buttons."""
 
+# Written by `make stubs`: the head is tools/stub_head.pyi, the rest is what the module says of
+# itself. It is valid Python from 3.8 on, for documentation generators that execute it.
+from __future__ import annotations
+
 import copy as copy
 import glob as glob
 import json as json
@@ -11,30 +15,39 @@ import threading as threading
 import time as time
 import xml.etree.ElementTree as _ElementTree
 from collections.abc import Callable, Hashable, Mapping, Sequence
-from typing import Any, TypeVar
+from typing import TYPE_CHECKING, Any, TypeVar
 
 import pygame as pygame
 from pygame.locals import *
 from pygame.math import *
-from typing_extensions import Self, TypeAlias
+
+if sys.version_info >= (3, 11):
+    from typing import Self, TypeAlias
+elif TYPE_CHECKING:
+    from typing_extensions import Self, TypeAlias
 
 _T = TypeVar("_T")
 _Key = TypeVar("_Key")
 _Value = TypeVar("_Value")
-_ImageFiles: TypeAlias = str | Sequence[str | pygame.Surface] | pygame.Surface | None
-_RectValue: TypeAlias = pygame.Rect | tuple[float, float, float, float] | Sequence[float]
-_ColorValue: TypeAlias = pygame.Color | str | int | Sequence[int]
-
-if sys.version_info >= (3, 9):
-    from typing_extensions import disjoint_base as _disjoint_base
-else:
-    # The last type checkers for 3.8 do not know it.
-    def _disjoint_base(cls: type[_T]) -> type[_T]: ...
+# In quotation marks, because 3.8 and 3.9 could not execute them.
+_File: TypeAlias = "str | os.PathLike[str]"
+_ImageFiles: TypeAlias = "str | Sequence[str | pygame.Surface] | pygame.Surface | None"
+_RectValue: TypeAlias = "pygame.Rect | tuple[float, float, float, float] | Sequence[float]"
+_ColorValue: TypeAlias = "pygame.Color | str | int | Sequence[int]"
 
 # Inside GameNode the class's own name means an attribute.
-_ActionPlayer: TypeAlias = ActionPlayer
+_ActionPlayer: TypeAlias = "ActionPlayer"
+
+if TYPE_CHECKING and sys.version_info >= (3, 9):
+    from typing_extensions import disjoint_base as _disjoint_base
+else:
+    # Nor do the last type checkers for 3.8 know it.
+    def _disjoint_base(cls: type[_T]) -> type[_T]:
+        return cls
 
 XMLElementTree = _ElementTree
+
+__version__: str
 
 # From the standard library, imported at first use; `telnetlib` is gone from 3.13.
 Pass: Any
@@ -42,7 +55,8 @@ c: Any
 if sys.version_info < (3, 13):
     theNULL: Any
 
-# None until the game sets it, but a test before every use would help nobody.
+# `Res` is None until the game sets it, but `Any`: a test before every use would help nobody.
+
 Res: PyGameResManager | Any
 """The game's resource manager, through which widgets load their files."""
 BorderVisible: bool
@@ -154,11 +168,29 @@ class GameLayer:
     """font of the labels of debug points"""
 
     def __init__(self) -> None: ...
+    def GetSceneInstance(self) -> Any:
+        """Return `sceneInstance`: the owning scene, or None"""
+
+    def GetNodeType(self) -> str:
+        """Return `NodeType`: kind of object, "GameLayer" """
+
     def GetLayerName(self) -> str | None:
         """Return `LayerName`: name in the scene's event methods, or None"""
 
     def SetLayerName(self, name: str | None) -> None:
         """Set `LayerName`: name in the scene's event methods, or None"""
+
+    def GetAllGameNode(self) -> dict[int, GameNode]:
+        """Return `GameNodeDict`: instance number to node"""
+
+    def GetPointArray(self) -> list[list[Any]]:
+        """Return `PointArray`: debug points"""
+
+    def GetLineArray(self) -> list[list[Any]]:
+        """Return `LineArray`: debug lines"""
+
+    def GetRectArray(self) -> list[list[Any]]:
+        """Return `RectArray`: debug rectangles"""
 
     def IsVisible(self) -> bool:
         """Return `visible`: whether the layer updates, draws, takes input"""
@@ -172,12 +204,6 @@ class GameLayer:
     def SetAutoScroll(self, scrollType: int, scrollSpeed: float) -> None:
         """Set `scrollType` and `scrollSpeed`."""
 
-    def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the owning scene, or None"""
-
-    def GetNodeType(self) -> str:
-        """Return `NodeType`: kind of object, "GameLayer" """
-
     def AddGameNode(self, GameNode: GameNode, immMode: bool = True) -> int:
         """Register a node and return its instance number.
 
@@ -190,9 +216,6 @@ class GameLayer:
 
     def ExistGameNode(self, instanceID: int) -> bool:
         """Return whether a node has that number."""
-
-    def GetAllGameNode(self) -> dict[int, GameNode]:
-        """Return `GameNodeDict`: instance number to node"""
 
     def GetGameNodeCount(self) -> int:
         """Return the number of registered nodes."""
@@ -246,13 +269,15 @@ class GameLayer:
 
     def checkCollision(self, gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool:
         """Return whether `gameNode`, moved by so many pixels, hits another node whose
-        `collisionType` is not -1.
+        `collisionType` is not -1, or a tile map.
         """
 
     def checkEventRectCollision(
         self, objrect: _RectValue, moveX: float = 0, moveY: float = 0
     ) -> bool:
-        """Return whether the moved rectangle hits a node whose `collisionType` is not -1."""
+        """Return whether the moved rectangle hits a node whose `collisionType` is not -1, or a
+        tile map.
+        """
 
     def CallEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
         """Call the scene's method "on_" + layer name + "_" + function name that is bound to the
@@ -278,23 +303,14 @@ class GameLayer:
     ) -> None:
         """Add a debug rectangle with two opposite corners, screen pixels."""
 
-    def GetPointArray(self) -> list[list[Any]]:
-        """Return `PointArray`: debug points"""
-
-    def GetLineArray(self) -> list[list[Any]]:
-        """Return `LineArray`: debug lines"""
-
-    def GetRectArray(self) -> list[list[Any]]:
-        """Return `RectArray`: debug rectangles"""
-
     def DelPoint(self, index: int) -> None:
-        """Remove the debug point at that position; positions out of range are ignored."""
+        """Remove the one at that position; positions out of range are ignored."""
 
     def DelLine(self, index: int) -> None:
-        """Remove the debug line at that position; positions out of range are ignored."""
+        """Remove the one at that position; positions out of range are ignored."""
 
     def DelRect(self, index: int) -> None:
-        """Remove the debug rectangle at that position; positions out of range are ignored."""
+        """Remove the one at that position; positions out of range are ignored."""
 
     def SetBindingEvent(self, eventName: str, functionName: str | None, functionCode: Any) -> None:
         """Bind the event to the scene's method that is named after `functionName`.
@@ -439,17 +455,37 @@ class GameNode:
     userData: Any
     """free for scripts"""
 
-    @property
-    def X(self) -> float:
-        """Position of the anchor, through GetX and SetX."""
-    @X.setter
-    def X(self, value: float) -> None: ...
-    @property
-    def Y(self) -> float:
-        """Position of the anchor, through GetY and SetY."""
-    @Y.setter
-    def Y(self, value: float) -> None: ...
     def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
+    def GetNodeType(self) -> str:
+        """Return `NodeType`: kind of node, "GameNode" here"""
+
+    def GetSceneInstance(self) -> Any:
+        """Return `sceneInstance`: the scene object, or None"""
+
+    def GetParent(self) -> GameNode | None:
+        """Return `parent`: the owning node, or None"""
+
+    def GetSortIndex(self) -> int:
+        """Return `sortIndex`: place in the parent's children"""
+
+    def SetSortIndex(self, i: int) -> None:
+        """Set `sortIndex`: place in the parent's children"""
+
+    def SetPickDownFunction(self, f: Callable[[Self], Any] | None) -> None:
+        """Set `PickDownFunction`: called with the node when it is pressed, or None"""
+
+    def EnablePickDownEvent(self, v: bool) -> None:
+        """Set `Enable_PickDown`: whether presses are taken"""
+
+    def SetPickUpFunction(self, f: Callable[[Self], Any] | None) -> None:
+        """Set `PickUpFunction`: called with the node on a release over it, or None"""
+
+    def EnablePickUpEvent(self, v: bool) -> None:
+        """Set `Enable_PickUp`: whether releases are taken"""
+
+    def SetUpdateFunction(self, f: Callable[[float], Any] | None) -> None:
+        """Set `UpdateFunction`: called with the delay on every update, or None"""
+
     def GetX(self) -> float:
         """Return `x`: left position of the anchor in the parent, pixels"""
 
@@ -492,6 +528,18 @@ class GameNode:
     def SetAngle(self, angle: float) -> None:
         """Set `angle`: rotation in degrees, counter-clockwise"""
 
+    def GetWidth(self) -> float:
+        """Return `width`: unscaled width, pixels"""
+
+    def SetWidth(self, w: float) -> None:
+        """Set `width`: unscaled width, pixels"""
+
+    def GetHeight(self) -> float:
+        """Return `height`: unscaled height, pixels"""
+
+    def SetHeight(self, h: float) -> None:
+        """Set `height`: unscaled height, pixels"""
+
     def GetAX(self) -> float:
         """Return `anchorx`: anchor as a fraction of the width"""
 
@@ -510,17 +558,11 @@ class GameNode:
     def SetAXY(self, ax: float, ay: float) -> None:
         """Set `anchorx` and `anchory`."""
 
-    def GetWidth(self) -> float:
-        """Return `width`: unscaled width, pixels"""
+    def GetInstanceID(self) -> int:
+        """Return `instanceID`: number in the layer, -1 for none"""
 
-    def SetWidth(self, w: float) -> None:
-        """Set `width`: unscaled width, pixels"""
-
-    def GetHeight(self) -> float:
-        """Return `height`: unscaled height, pixels"""
-
-    def SetHeight(self, h: float) -> None:
-        """Set `height`: unscaled height, pixels"""
+    def SetInstanceID(self, i: int) -> None:
+        """Set `instanceID`: number in the layer, -1 for none"""
 
     def IsVisible(self) -> bool:
         """Return `visible`: whether the subtree is drawn and can be hit"""
@@ -528,29 +570,17 @@ class GameNode:
     def SetVisible(self, v: bool) -> None:
         """Set `visible`: whether the subtree is drawn and can be hit"""
 
-    def IsAnchorVisible(self) -> bool:
-        """Return `anchorvisible`: draw the anchor marker"""
-
-    def SetAnchorVisible(self, v: bool) -> None:
-        """Set `anchorvisible`: draw the anchor marker"""
-
     def IsSizeRectVisible(self) -> bool:
         """Return `rectvisible`: draw the size rectangle"""
 
     def SetSizeRectVisible(self, v: bool) -> None:
         """Set `rectvisible`: draw the size rectangle"""
 
-    def IsFocusIn(self) -> bool:
-        """Return `focusIn`: has the keyboard focus"""
+    def IsAnchorVisible(self) -> bool:
+        """Return `anchorvisible`: draw the anchor marker"""
 
-    def SetFocusIn(self, v: bool) -> None:
-        """Set `focusIn`: has the keyboard focus"""
-
-    def GetCollision(self) -> tuple[int, Any]:
-        """Return `collisionType` and `collisionInfo`."""
-
-    def SetCollision(self, type: int, info: Any) -> None:
-        """Set `collisionType` and `collisionInfo`."""
+    def SetAnchorVisible(self, v: bool) -> None:
+        """Set `anchorvisible`: draw the anchor marker"""
 
     def GetCheckPickDownChild(self) -> bool:
         """Return `CheckPickDownChild`: whether a press or release that a child takes is answered
@@ -562,29 +592,29 @@ class GameNode:
         the child; if false, with the node itself
         """
 
+    def GetCollision(self) -> tuple[int, Any]:
+        """Return `collisionType` and `collisionInfo`."""
+
+    def SetCollision(self, type: int, info: Any) -> None:
+        """Set `collisionType` and `collisionInfo`."""
+
+    def SetEditRectEnable(self, v: bool) -> None:
+        """Set `editrectenable`: edit rectangle can be dragged"""
+
+    def SetEditRectVisible(self, v: bool) -> None:
+        """Set `editrectvisible`: edit rectangle is drawn"""
+
+    def IsFocusIn(self) -> bool:
+        """Return `focusIn`: has the keyboard focus"""
+
+    def SetFocusIn(self, v: bool) -> None:
+        """Set `focusIn`: has the keyboard focus"""
+
     def GetUserData(self) -> Any:
         """Return `userData`: free for scripts"""
 
     def SetUserData(self, d: Any) -> None:
         """Set `userData`: free for scripts"""
-
-    def GetSortIndex(self) -> int:
-        """Return `sortIndex`: place in the parent's children"""
-
-    def SetSortIndex(self, i: int) -> None:
-        """Set `sortIndex`: place in the parent's children"""
-
-    def GetInstanceID(self) -> int:
-        """Return `instanceID`: number in the layer, -1 for none"""
-
-    def SetInstanceID(self, i: int) -> None:
-        """Set `instanceID`: number in the layer, -1 for none"""
-
-    def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the scene object, or None"""
-
-    def GetNodeType(self) -> str:
-        """Return `NodeType`: kind of node, "GameNode" here"""
 
     def AddChild(self, child: GameNode) -> None:
         """Append `child` to the children and give it its place as sort index.
@@ -616,9 +646,6 @@ class GameNode:
     def LayerDownChild(self, child: GameNode) -> None:
         """Move `child` one step earlier in the list."""
 
-    def GetParent(self) -> GameNode | None:
-        """Return `parent`: the owning node, or None"""
-
     def SetParent(self, p: GameNode | None) -> None:
         """Set `parent` and, unless it is None, join its children.
 
@@ -637,6 +664,9 @@ class GameNode:
         """Copy what does not tie the node to its place in the scene into `other`, through its
         setters: position, scale, angle, size, anchor, flags, callbacks, bindings, user data.
         """
+
+    def Clamp(self, value: _T, min: _T, max: _T) -> _T:
+        """Return `value` limited to the range from `min` to `max`."""
 
     def GetAXW(self) -> float:
         """Return the anchor's offset from the left, unscaled pixels."""
@@ -720,9 +750,6 @@ class GameNode:
     def GetSizeRect(self) -> pygame.Rect:
         """Return a new pygame.Rect at GetWX(), GetWY() in the drawn size."""
 
-    def Clamp(self, value: _T, min: _T, max: _T) -> _T:
-        """Return `value` limited to the range from `min` to `max`."""
-
     def draw_begin(self, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0) -> None:
         """Cache the world values for this frame, unless `lock_xysa` is true.
 
@@ -770,17 +797,9 @@ class GameNode:
     def RunAction(self, *actions: GAction) -> None:
         """Play the actions one after another, in place of those that were running.
 
-        Raises IndexError without any action.
+        Raises IndexError without any action, and TypeError for what is no action; what was
+        running then goes on.
         """
-
-    def SetUpdateFunction(self, f: Callable[[float], Any] | None) -> None:
-        """Set `UpdateFunction`: called with the delay on every update, or None"""
-
-    def SetEditRectEnable(self, v: bool) -> None:
-        """Set `editrectenable`: edit rectangle can be dragged"""
-
-    def SetEditRectVisible(self, v: bool) -> None:
-        """Set `editrectvisible`: edit rectangle is drawn"""
 
     def checkDragRect(self, x: float, y: float) -> int:
         """Return the index of the edit rectangle's handle under the point, or -2.
@@ -793,18 +812,6 @@ class GameNode:
 
     def OnEditRectDraging(self, x: float, y: float) -> None:
         """Move or resize the node with the handle being dragged; the pointer is at `x`, `y`."""
-
-    def SetPickDownFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickDownFunction`: called with the node when it is pressed, or None"""
-
-    def SetPickUpFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickUpFunction`: called with the node on a release over it, or None"""
-
-    def EnablePickDownEvent(self, v: bool) -> None:
-        """Set `Enable_PickDown`: whether presses are taken"""
-
-    def EnablePickUpEvent(self, v: bool) -> None:
-        """Set `Enable_PickUp`: whether releases are taken"""
 
     def SetKeyDownFunction(self, keyname: Hashable, function: Callable[[], Any]) -> None:
         """Call `function` without arguments when the key is pressed."""
@@ -921,6 +928,17 @@ class GameNode:
     def CallInnerEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
         """Call the scene's method that is bound to a built-in event, as CallEvent does."""
 
+    @property
+    def X(self) -> float:
+        """Position of the anchor, through GetX and SetX."""
+    @X.setter
+    def X(self, value: float) -> None: ...
+    @property
+    def Y(self) -> float:
+        """Position of the anchor, through GetY and SetY."""
+    @Y.setter
+    def Y(self, value: float) -> None: ...
+
 @_disjoint_base
 class GUI_Image(GameNode):
     """A widget with a picture, a frame animation or a plain background, and a border.
@@ -983,32 +1001,20 @@ class GUI_Image(GameNode):
     """accepts input"""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetBGColor(self) -> pygame.Color | None:
+        """Return `bgColor`: tint or background colour, or None"""
+
+    def SetBGColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `bgColor`: tint or background colour, or None; components from 0 to 255."""
+
     def GetImage(self) -> pygame.Surface | None:
         """Return `image`: the current surface, or None"""
-
-    def GetOriginalImage(self) -> GUI_Image | None:
-        """Return `originalImage`: widget that is mirrored, or None"""
-
-    def GetImageCount(self) -> int:
-        """Return `imageCount`: number of frames"""
 
     def GetImageFiles(self) -> _ImageFiles:
         """Return `imagefiles`: what SetImage was given"""
 
-    def GetPlistFile(self) -> str | None:
-        """Return `plistFile`: atlas that the frames came from, or None"""
-
-    def GetCurrActionName(self) -> str | None:
-        """Return `currActionName`: current animation, or None"""
-
-    def GetImageAnchor(self) -> str:
-        """Return `imageAnchor`: anchor keyword"""
-
-    def GetBlendType(self) -> int:
-        """Return `blendtype`: blend flag of the picture's blit"""
-
-    def IsAutoImageSize(self) -> bool:
-        """Return `autosize`: the size follows the picture"""
+    def GetImageCount(self) -> int:
+        """Return `imageCount`: number of frames"""
 
     def GetSwitchImageDelay(self) -> float:
         """Return `imageSwitchDelay`: time per frame, seconds"""
@@ -1018,6 +1024,51 @@ class GUI_Image(GameNode):
 
     def SetAutoSwitch(self, flag: bool) -> None:
         """Set `imageAutoSwitch`: frame animation on or off"""
+
+    def GetPlistFile(self) -> str | None:
+        """Return `plistFile`: atlas that the frames came from, or None"""
+
+    def GetCurrActionName(self) -> str | None:
+        """Return `currActionName`: current animation, or None"""
+
+    def GetOriginalImage(self) -> GUI_Image | None:
+        """Return `originalImage`: widget that is mirrored, or None"""
+
+    def IsAutoImageSize(self) -> bool:
+        """Return `autosize`: the size follows the picture"""
+
+    def GetBlendType(self) -> int:
+        """Return `blendtype`: blend flag of the picture's blit"""
+
+    def GetBorderWidth(self) -> int:
+        """Return `borderwidth`: border thickness, pixels"""
+
+    def SetBorderWidth(self, width: int) -> None:
+        """Set `borderwidth`: border thickness, pixels"""
+
+    def IsBorderVisible(self) -> bool:
+        """Return `borderVisible`: whether the border is drawn"""
+
+    def SetBorderVisible(self, flag: bool) -> None:
+        """Set `borderVisible`: whether the border is drawn"""
+
+    def GetBorderColor(self) -> pygame.Color:
+        """Return `borderColor`: border colour of the solid style"""
+
+    def SetBorderColor(self, r: int, g: int, b: int) -> None:
+        """Set `borderColor`: border colour of the solid style, opaque; components from 0 to 255."""
+
+    def GetImageAnchor(self) -> str:
+        """Return `imageAnchor`: anchor keyword"""
+
+    def SetCollInfoVisible(self, flag: bool) -> None:
+        """Set `coll_visible`: draw the collision rectangles"""
+
+    def GetCollRectArray(self) -> dict[str, list[Any]]:
+        """Return `coll_rectArray`: collision rectangles: name to a list"""
+
+    def GetStyle(self) -> str | None:
+        """Return `style`: "flat", "raised", "sunken", "solid", "hollow" or None"""
 
     def IsEnable(self) -> bool:
         """Return `enable`: accepts input"""
@@ -1043,7 +1094,10 @@ class GUI_Image(GameNode):
         """Show frame `index`; an index out of range changes nothing. `imageIndex` is kept."""
 
     def update(self, delay: float) -> None:
-        """Advance the frame animation by `delay` seconds, at most one frame, then the node."""
+        """Advance the frame animation by `delay` seconds, at most one frame, then the node.
+
+        Raises OverflowError for an `imageIndex` that is infinite.
+        """
 
     def CheckInViewPort(self) -> bool:
         """Return whether the widget overlaps the scene's GetViewPort() (x, y, width, height);
@@ -1052,41 +1106,8 @@ class GUI_Image(GameNode):
         Raises AttributeError without a scene that has a viewport.
         """
 
-    def GetBGColor(self) -> pygame.Color | None:
-        """Return `bgColor`: tint or background colour, or None"""
-
-    def GetBorderColor(self) -> pygame.Color:
-        """Return `borderColor`: border colour of the solid style"""
-
-    def GetBorderWidth(self) -> int:
-        """Return `borderwidth`: border thickness, pixels"""
-
-    def SetBorderWidth(self, width: int) -> None:
-        """Set `borderwidth`: border thickness, pixels"""
-
-    def IsBorderVisible(self) -> bool:
-        """Return `borderVisible`: whether the border is drawn"""
-
-    def SetBorderVisible(self, flag: bool) -> None:
-        """Set `borderVisible`: whether the border is drawn"""
-
-    def GetStyle(self) -> str | None:
-        """Return `style`: "flat", "raised", "sunken", "solid", "hollow" or None"""
-
-    def SetCollInfoVisible(self, flag: bool) -> None:
-        """Set `coll_visible`: draw the collision rectangles"""
-
-    def GetCollRectArray(self) -> dict[str, list[Any]]:
-        """Return `coll_rectArray`: collision rectangles: name to a list"""
-
-    def SetBGColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set the tint or background colour; components from 0 to 255."""
-
     def DropBGColor(self) -> None:
         """Use no tint and no background."""
-
-    def SetBorderColor(self, r: int, g: int, b: int) -> None:
-        """Set the opaque border colour of the solid style."""
 
     def SetStyle(self, style: str | None, borderVisible: bool = True) -> None:
         """Set the border style and, by default, show the border.
@@ -1119,9 +1140,11 @@ class GUI_Image(GameNode):
     def LoadImageFramesPList(self, plistFile: str, imageFile: str | None = None) -> None:
         """Read a frame atlas and make all its frames, in the file's order, the frames.
 
-        `imageFile` is the sheet; by default the one that the atlas names, else the atlas's name
-        with ".png". Rotated frames are turned back, trimmed ones placed in their source size.
-        Raises the host's errors for missing files and malformed data.
+        `imageFile` is the sheet; by default the atlas's name with ".png" or, if there is no
+        such file, the one that the atlas names. Rotated frames are turned back, trimmed ones
+        placed in their source size. Missing files are a TypeError or AttributeError; malformed
+        data, frames outside the sheet, and frames of more than 16 times the sheet's pixels and
+        4096 x 4096 raise errors that name the frame.
         """
 
     def LoadAnimationPlist(self, plistFile: str, actionName: str | None = None) -> None:
@@ -1205,23 +1228,11 @@ class GUI_Label(GUI_Image):
         fontname: str = "Arial",
         fontsize: int = 16,
     ) -> None: ...
-    def CreateFont(
-        self,
-        fontname: str,
-        fontsize: int,
-        bold: bool = False,
-        italic: bool = False,
-        underline: bool = False,
-        strikethrough: bool = False,
-    ) -> None:
-        """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
-        resources.
+    def GetText(self) -> str:
+        """Return `text`: the string shown"""
 
-        Raises AttributeError when `Res` does not find the file.
-        """
-
-    def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
-        """Use a ready font; its size and flags are not read."""
+    def SetText(self, text: str) -> None:
+        """Set `text`: the string shown"""
 
     def GetFont(self) -> pygame.font.Font:
         """Return `font`: pygame font that renders the text"""
@@ -1244,17 +1255,11 @@ class GUI_Label(GUI_Image):
     def GetFontStrikeThrough(self) -> bool:
         """Return `strikethrough`: text struck through"""
 
-    def GetText(self) -> str:
-        """Return `text`: the string shown"""
-
-    def SetText(self, text: str) -> None:
-        """Set `text`: the string shown"""
-
     def GetTextColor(self) -> pygame.Color:
         """Return `textColor`: colour of the text"""
 
     def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set the text colour; components from 0 to 255."""
+        """Set `textColor`: colour of the text; components from 0 to 255."""
 
     def GetTextHAlign(self) -> str:
         """Return `HAlign`: "left", "center" or "right" """
@@ -1292,9 +1297,6 @@ class GUI_Label(GUI_Image):
     def SetShowChar(self, char: str | None) -> None:
         """Set `showChar`: character shown in place of each one, or None"""
 
-    def drawText(self, screen: pygame.Surface, text: str, textColor: _ColorValue) -> None:
-        """Draw a text in a colour inside the widget, aligned, scaled and rotated with it."""
-
     def draw(
         self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
     ) -> None:
@@ -1302,6 +1304,32 @@ class GUI_Label(GUI_Image):
 
         `offsetX`, `offsetY` (pixels) and `scale` are the camera.
         """
+
+    def CreateFont(
+        self,
+        fontname: str,
+        fontsize: int,
+        bold: bool = False,
+        italic: bool = False,
+        underline: bool = False,
+        strikethrough: bool = False,
+    ) -> None:
+        """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
+        resources.
+
+        Raises AttributeError when `Res` does not find the file.
+        """
+
+    def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
+        """Use a ready font; its size and flags are not read.
+
+        A font that is made bold, italic, underlined or struck through later shows at once.
+        After its set_script() or set_direction(), which cannot be read back, hand it over
+        again.
+        """
+
+    def drawText(self, screen: pygame.Surface, text: str, textColor: _ColorValue) -> None:
+        """Draw a text in a colour inside the widget, aligned, scaled and rotated with it."""
 
     def CopyTo(self, other: GameNode) -> None:
         """Copy the image part and, into a label or button, the text and how it is shown."""
@@ -1320,9 +1348,9 @@ class GUI_Button(GUI_Label):
     image_hover: pygame.Surface | None
     """picture, pointer inside, or None"""
     image_hover_File: str | None
-    """file name of the hovered state's picture, or None"""
+    """file name of the picture, pointer inside, or None"""
     image_click_File: str | None
-    """file name of the pressed state's picture, or None"""
+    """file name of the picture while pressed, or None"""
     textColor_click: pygame.Color
     """text colour while pressed"""
     bgColor_click: pygame.Color
@@ -1339,56 +1367,50 @@ class GUI_Button(GUI_Label):
         fontname: str = "Arial",
         fontsize: int = 16,
     ) -> None: ...
-    def IsClicked(self) -> bool:
-        """Return `clicked`: pressed at the moment"""
+    def GetTextColor_Hover(self) -> pygame.Color:
+        """Return `textColor_hover`: text colour, pointer inside"""
+
+    def SetTextColor_Hover(self, r: int, g: int, b: int) -> None:
+        """Set `textColor_hover`: text colour, pointer inside, opaque; components from 0 to 255."""
+
+    def GetBGColor_Hover(self) -> pygame.Color:
+        """Return `bgColor_hover`: background, pointer inside"""
+
+    def SetBGColor_Hover(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_hover`: background, pointer inside, opaque; components from 0 to 255."""
 
     def SetImage_Hover(self, imagefile: str) -> None:
-        """Load the picture of the hovered state through `Res` and record its file."""
+        """Load `image_hover` through `Res` and record its file."""
 
     def GetImage_Hover(self) -> pygame.Surface | None:
         """Return `image_hover`: picture, pointer inside, or None"""
 
     def GetImageFile_Hover(self) -> str | None:
-        """Return `image_hover_File`: file name of the hovered state's picture, or None"""
-
-    def SetBGColor_Hover(self, r: int, g: int, b: int) -> None:
-        """Set the opaque background of the hovered state."""
-
-    def GetBGColor_Hover(self) -> pygame.Color:
-        """Return `bgColor_hover`: background, pointer inside"""
-
-    def SetTextColor_Hover(self, r: int, g: int, b: int) -> None:
-        """Set the opaque text colour of the hovered state."""
-
-    def GetTextColor_Hover(self) -> pygame.Color:
-        """Return `textColor_hover`: text colour, pointer inside"""
-
-    def SetImage_Click(self, imagefile: str) -> None:
-        """Load the picture of the pressed state through `Res` and record its file."""
-
-    def GetImage_Click(self) -> pygame.Surface | None:
-        """Return `image_click`: picture while pressed, or None"""
+        """Return `image_hover_File`: file name of the picture, pointer inside, or None"""
 
     def GetImageFile_Click(self) -> str | None:
-        """Return `image_click_File`: file name of the pressed state's picture, or None"""
-
-    def SetBGColor_Click(self, r: int, g: int, b: int) -> None:
-        """Set the opaque background of the pressed state."""
-
-    def GetBGColor_Click(self) -> pygame.Color:
-        """Return `bgColor_click`: background while pressed"""
-
-    def SetTextColor_Click(self, r: int, g: int, b: int) -> None:
-        """Set the opaque text colour of the pressed state."""
+        """Return `image_click_File`: file name of the picture while pressed, or None"""
 
     def GetTextColor_Click(self) -> pygame.Color:
         """Return `textColor_click`: text colour while pressed"""
 
-    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
-        """Handle a press as a node does; a disabled button takes none."""
+    def SetTextColor_Click(self, r: int, g: int, b: int) -> None:
+        """Set `textColor_click`: text colour while pressed, opaque; components from 0 to 255."""
 
-    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
-        """Handle a release as a node does; a disabled button only stops being pressed."""
+    def GetBGColor_Click(self) -> pygame.Color:
+        """Return `bgColor_click`: background while pressed"""
+
+    def SetBGColor_Click(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_click`: background while pressed, opaque; components from 0 to 255."""
+
+    def SetImage_Click(self, imagefile: str) -> None:
+        """Load `image_click` through `Res` and record its file."""
+
+    def GetImage_Click(self) -> pygame.Surface | None:
+        """Return `image_click`: picture while pressed, or None"""
+
+    def IsClicked(self) -> bool:
+        """Return `clicked`: pressed at the moment"""
 
     def draw(
         self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
@@ -1398,8 +1420,2594 @@ class GUI_Button(GUI_Label):
         `offsetX`, `offsetY` (pixels) and `scale` are the camera.
         """
 
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does; a disabled button takes none."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a release as a node does; a disabled button only stops being pressed."""
+
     def CopyTo(self, other: GameNode) -> None:
         """Copy the label part and, into a button, the colours and pictures of its states."""
+
+@_disjoint_base
+class GUI_CheckButton(GUI_Button):
+    """A button that a click checks and unchecks, with a box and a text.
+
+    The mark shows while it is checked, once a checked colour or a picture is set.
+    """
+
+    CheckValue: bool
+    """whether it is checked"""
+    textColor_checked: pygame.Color
+    """text colour while checked"""
+    bgColor_checked: pygame.Color
+    """background while checked"""
+    image_checked: pygame.Surface | None
+    """picture while checked, or None"""
+    textColor_hover_checked: pygame.Color
+    """text colour while checked, pointer inside"""
+    bgColor_hover_checked: pygame.Color
+    """background while checked, pointer inside"""
+    image_hover_checked: pygame.Surface | None
+    """picture while checked, pointer inside, or None"""
+    textColor_click_checked: pygame.Color
+    """text colour while checked and pressed"""
+    bgColor_click_checked: pygame.Color
+    """background while checked and pressed"""
+    image_click_checked: pygame.Surface | None
+    """picture while checked and pressed, or None"""
+    checkboxVisible: bool
+    """whether the box shows"""
+    image_checkbox: pygame.Surface | None
+    """picture of the box, or None"""
+    image_checkbox_hover: pygame.Surface | None
+    """picture of the box, pointer inside, or None"""
+    image_checkbox_click: pygame.Surface | None
+    """picture of the box while pressed, or None"""
+    image_checkbox_checked: pygame.Surface | None
+    """picture of the box while checked, or None"""
+    image_checkbox_hover_checked: pygame.Surface | None
+    """picture of the box while checked, pointer inside, or None"""
+    image_checkbox_click_checked: pygame.Surface | None
+    """picture of the box while checked and pressed, or None"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def IsChecked(self) -> bool:
+        """Return `CheckValue`: whether it is checked"""
+
+    def SetChecked(self, value: bool) -> None:
+        """Set `CheckValue`: whether it is checked"""
+
+    def GetTextColor_Checked(self) -> pygame.Color:
+        """Return `textColor_checked`: text colour while checked"""
+
+    def SetTextColor_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `textColor_checked`: text colour while checked, opaque; components from 0 to 255."""
+
+    def GetBGColor_Checked(self) -> pygame.Color:
+        """Return `bgColor_checked`: background while checked"""
+
+    def SetBGColor_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_checked`: background while checked, opaque; components from 0 to 255."""
+
+    def SetImage_Checked(self, imagefile: str) -> None:
+        """Load `image_checked` through `Res`."""
+
+    def GetImage_Checked(self) -> pygame.Surface | None:
+        """Return `image_checked`: picture while checked, or None"""
+
+    def GetTextColor_Hover_Checked(self) -> pygame.Color:
+        """Return `textColor_hover_checked`: text colour while checked, pointer inside"""
+
+    def SetTextColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `textColor_hover_checked`: text colour while checked, pointer inside, opaque;
+        components from 0 to 255.
+        """
+
+    def GetBGColor_Hover_Checked(self) -> pygame.Color:
+        """Return `bgColor_hover_checked`: background while checked, pointer inside"""
+
+    def SetBGColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_hover_checked`: background while checked, pointer inside, opaque;
+        components from 0 to 255.
+        """
+
+    def SetImage_Hover_Checked(self, imagefile: str) -> None:
+        """Load `image_hover_checked` through `Res`."""
+
+    def GetImage_Hover_Checked(self) -> pygame.Surface | None:
+        """Return `image_hover_checked`: picture while checked, pointer inside, or None"""
+
+    def GetTextColor_Click_Checked(self) -> pygame.Color:
+        """Return `textColor_click_checked`: text colour while checked and pressed"""
+
+    def SetTextColor_Click_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `textColor_click_checked`: text colour while checked and pressed, opaque; components
+        from 0 to 255.
+        """
+
+    def GetBGColor_Click_Checked(self) -> pygame.Color:
+        """Return `bgColor_click_checked`: background while checked and pressed"""
+
+    def SetBGColor_Click_Checked(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_click_checked`: background while checked and pressed, opaque; components
+        from 0 to 255.
+        """
+
+    def SetImage_Click_Checked(self, imagefile: str) -> None:
+        """Load `image_click_checked` through `Res`."""
+
+    def GetImage_Click_Checked(self) -> pygame.Surface | None:
+        """Return `image_click_checked`: picture while checked and pressed, or None"""
+
+    def IsCheckBoxVisible(self) -> bool:
+        """Return `checkboxVisible`: whether the box shows"""
+
+    def SetCheckBoxVisible(self, flag: bool) -> None:
+        """Set `checkboxVisible`: whether the box shows"""
+
+    def SetImage_CheckBox(self, imagefile: str) -> None:
+        """Load `image_checkbox` through `Res`."""
+
+    def GetImage_CheckBox(self) -> pygame.Surface | None:
+        """Return `image_checkbox`: picture of the box, or None"""
+
+    def SetImage_CheckBox_Hover(self, imagefile: str) -> None:
+        """Load `image_checkbox_hover` through `Res`."""
+
+    def GetImage_CheckBox_Hover(self) -> pygame.Surface | None:
+        """Return `image_checkbox_hover`: picture of the box, pointer inside, or None"""
+
+    def SetImage_CheckBox_Click(self, imagefile: str) -> None:
+        """Load `image_checkbox_click` through `Res`."""
+
+    def GetImage_CheckBox_Click(self) -> pygame.Surface | None:
+        """Return `image_checkbox_click`: picture of the box while pressed, or None"""
+
+    def SetImage_CheckBox_Checked(self, imagefile: str) -> None:
+        """Load `image_checkbox_checked` through `Res`."""
+
+    def GetImage_CheckBox_Checked(self) -> pygame.Surface | None:
+        """Return `image_checkbox_checked`: picture of the box while checked, or None"""
+
+    def SetImage_CheckBox_Hover_Checked(self, imagefile: str) -> None:
+        """Load `image_checkbox_hover_checked` through `Res`."""
+
+    def GetImage_CheckBox_Hover_Checked(self) -> pygame.Surface | None:
+        """Return `image_checkbox_hover_checked`: picture of the box while checked, pointer inside,
+        or None
+        """
+
+    def SetImage_CheckBox_Click_Checked(self, imagefile: str) -> None:
+        """Load `image_checkbox_click_checked` through `Res`."""
+
+    def GetImage_CheckBox_Click_Checked(self) -> pygame.Surface | None:
+        """Return `image_checkbox_click_checked`: picture of the box while checked and pressed, or
+        None
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the look of the current state with its box and text, the border, overlays and
+        children.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def drawBoxAndText(
+        self, screen: pygame.Surface, checkimage: pygame.Surface | None, textColor: _ColorValue
+    ) -> None:
+        """Draw the box, from a picture if there is one, and the text right of it."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a release as a button does; one that ends a click calls SetChecked first."""
+
+@_disjoint_base
+class GUI_RadioButton(GUI_Button):
+    """A button with a round box and a text; a click chooses it among the radio buttons of its
+    parent.
+    """
+
+    RadioValue: bool
+    """whether it is the chosen one"""
+    radioboxVisible: bool
+    """whether the box shows"""
+    image_radiobox: pygame.Surface | None
+    """picture of the box, or None"""
+    image_radiobox_hover: pygame.Surface | None
+    """picture of the box, pointer inside, or None"""
+    image_radiobox_click: pygame.Surface | None
+    """picture of the box while pressed, or None"""
+    image_radiobox_checked: pygame.Surface | None
+    """kept for the script, not drawn"""
+    image_radiobox_hover_checked: pygame.Surface | None
+    """kept for the script, not drawn"""
+    image_radiobox_click_checked: pygame.Surface | None
+    """kept for the script, not drawn"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def GetRadioValue(self) -> bool:
+        """Return `RadioValue`: whether it is the chosen one"""
+
+    def SetRadioValue(self, value: bool) -> None:
+        """Set `RadioValue`: whether it is the chosen one"""
+
+    def IsRadioBoxVisible(self) -> bool:
+        """Return `radioboxVisible`: whether the box shows"""
+
+    def SetRadioBoxVisible(self, flag: bool) -> None:
+        """Set `radioboxVisible`: whether the box shows"""
+
+    def SetImage_RadioBox(self, imagefile: str) -> None:
+        """Load `image_radiobox` through `Res`."""
+
+    def GetImage_RadioBox(self) -> pygame.Surface | None:
+        """Return `image_radiobox`: picture of the box, or None"""
+
+    def SetImage_RadioBox_Hover(self, imagefile: str) -> None:
+        """Load `image_radiobox_hover` through `Res`."""
+
+    def GetImage_RadioBox_Hover(self) -> pygame.Surface | None:
+        """Return `image_radiobox_hover`: picture of the box, pointer inside, or None"""
+
+    def SetImage_RadioBox_Click(self, imagefile: str) -> None:
+        """Load `image_radiobox_click` through `Res`."""
+
+    def GetImage_RadioBox_Click(self) -> pygame.Surface | None:
+        """Return `image_radiobox_click`: picture of the box while pressed, or None"""
+
+    def SetImage_RadioBox_Checked(self, imagefile: str) -> None:
+        """Load `image_radiobox_checked` through `Res`."""
+
+    def GetImage_RadioBox_Checked(self) -> pygame.Surface | None:
+        """Return `image_radiobox_checked`, or None before it is set."""
+
+    def SetImage_RadioBox_Hover_Checked(self, imagefile: str) -> None:
+        """Load `image_radiobox_hover_checked` through `Res`."""
+
+    def GetImage_RadioBox_Hover_Checked(self) -> pygame.Surface | None:
+        """Return `image_radiobox_hover_checked`, or None before it is set."""
+
+    def SetImage_RadioBox_Click_Checked(self, imagefile: str) -> None:
+        """Load `image_radiobox_click_checked` through `Res`."""
+
+    def GetImage_RadioBox_Click_Checked(self) -> pygame.Surface | None:
+        """Return `image_radiobox_click_checked`, or None before it is set."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the look of the current state with its box and text, the border, overlays and
+        children.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def drawBoxAndText(
+        self, screen: pygame.Surface, checkimage: pygame.Surface | None, textColor: _ColorValue
+    ) -> None:
+        """Draw the box, from a picture if there is one, and the text right of it."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a release as a button does; one that ends a click chooses the button first."""
+
+@_disjoint_base
+class GUI_Edit(GUI_Label):
+    """A line of text to type into.
+
+    A press gives it the focus and sets the cursor, a press elsewhere takes the focus away. Keys
+    reach it by their names in pygame.key.name().
+    """
+
+    cursorColor: pygame.Color
+    """colour of the cursor"""
+    bgColor_focusIn: pygame.Color
+    """background with the focus"""
+    image_focusIn: pygame.Surface | None
+    """picture with the focus, or None for the usual one"""
+    image_focusIn_File: str
+    """file name of the picture with the focus"""
+    cursorPos: int
+    """characters before the cursor"""
+    cursorshowtime: float
+    """time that the cursor shows or hides, seconds"""
+    cursorlasttime: float
+    """when the cursor last appeared or vanished, time.time()"""
+    cursorvisible: bool
+    """whether the cursor shows"""
+    text_begin_index: int
+    """first character shown"""
+    text_end_index: int
+    """end of the characters shown"""
+    max_char_count: int
+    """length from which on keys insert nothing"""
+    ReturnCallBackFunc: Callable[[GUI_Edit], Any] | None
+    """called with the edit on Return, or None"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def GetCursorColor(self) -> pygame.Color:
+        """Return `cursorColor`: colour of the cursor"""
+
+    def SetCursorColor(self, r: int, g: int, b: int) -> None:
+        """Set `cursorColor`: colour of the cursor, opaque; components from 0 to 255."""
+
+    def GetBGColor_Focus(self) -> pygame.Color:
+        """Return `bgColor_focusIn`: background with the focus"""
+
+    def SetBGColor_Focus(self, r: int, g: int, b: int) -> None:
+        """Set `bgColor_focusIn`: background with the focus, opaque; components from 0 to 255."""
+
+    def GetImage_focusIn(self) -> pygame.Surface | None:
+        """Return `image_focusIn`: picture with the focus, or None for the usual one"""
+
+    def GetImageFile_focusIn(self) -> str:
+        """Return `image_focusIn_File`: file name of the picture with the focus"""
+
+    def SetCursorPosition(self, cursorPos: int) -> None:
+        """Set `cursorPos`: characters before the cursor"""
+
+    def SetMaxCharCount(self, count: int) -> None:
+        """Set `max_char_count`: length from which on keys insert nothing"""
+
+    def SetReturnCallBackFunc(self, func: Callable[[GUI_Edit], Any] | None) -> None:
+        """Set `ReturnCallBackFunc`: called with the edit on Return, or None"""
+
+    def SetImage_FocusIn(self, file: str) -> None:
+        """Load `image_focusIn` through `Res`."""
+
+    def SetText(self, text: str) -> None:
+        """Set the text and show its begin; the cursor stays within it.
+
+        Raises TypeError for what has no length.
+        """
+
+    def SetWidth(self, width: float) -> None:
+        """Set the width in pixels; the cursor stays in the part that shows."""
+
+    def OnKeyDownFunction(self, keyname: Hashable) -> None:
+        """Handle a key by its name: with the focus it moves the cursor or changes the text, else
+        the callable registered for it runs.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the picture or background, the part of the text that shows, border, cursor,
+        overlays and children.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def drawFocusBorder(self, screen: pygame.Surface) -> None:
+        """Outline the edit and draw the blinking cursor while it has the keyboard focus."""
+
+    def OnPickDownFunction(self, px: float, py: float) -> GameNode | None:
+        """Handle a press as a node does.
+
+        One that the edit takes gives it the focus and sets the cursor, any other takes the
+        focus away; a disabled edit takes none.
+        """
+
+@_disjoint_base
+class GUI_Text(GUI_Edit):
+    """A text of many lines to type into.
+
+    It is broken by width, behind spaces where there are any, and at line breaks; a window of
+    whole lines follows the cursor.
+    """
+
+    lineArray: list[str]
+    """the lines, with their spaces and line breaks: joined, the text"""
+    lineCount: int
+    """number of lines"""
+    lineIndex: int
+    """first line shown"""
+    showlineCount: int
+    """lines that fit"""
+    cursorRow: int
+    """line of the cursor"""
+    lineHeight: float
+    """height of a line, pixels; the font's until it is set"""
+    linegap: float
+    """distance between lines, pixels"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def GetLineHeight(self) -> float:
+        """Return `lineHeight`: height of a line, pixels; the font's until it is set"""
+
+    def GetLineGap(self) -> float:
+        """Return `linegap`: distance between lines, pixels"""
+
+    def SetText(self, text: str) -> None:
+        """Set the text and break it into lines; cursor and window stay within it."""
+
+    def SetWidth(self, width: float) -> None:
+        """Set the width in pixels and break the text again."""
+
+    def SetHeight(self, height: float) -> None:
+        """Set the height in pixels and show as many whole lines as fit.
+
+        Raises ZeroDivisionError when a line takes no room.
+        """
+
+    def SetLineHeight(self, height: float) -> None:
+        """Set the height of a line in pixels, which the font no longer changes, and show as many
+        whole lines as fit.
+        """
+
+    def SetLineGap(self, gap: float) -> None:
+        """Set the distance between lines in pixels and show as many whole lines as fit."""
+
+    def CalculationLineCount(self) -> None:
+        """Break the text into `lineArray`, by width and at line breaks, and count the lines."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the picture or background, the lines that show, border, cursor, overlays and
+        children.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def drawFocusBorder(self, screen: pygame.Surface) -> None:
+        """Outline the box and draw the blinking cursor while it has the keyboard focus."""
+
+    def OnPickDownFunction(self, px: float, py: float) -> GameNode | None:
+        """Handle a press as an edit does; the cursor goes to the line and place pressed."""
+
+    def OnKeyDownFunction(self, keyname: Hashable) -> None:
+        """Handle a key as an edit does; "up" and "down" move between lines, "return" begins a line
+        before it calls `ReturnCallBackFunc`.
+        """
+
+@_disjoint_base
+class GUI_Scale(GUI_Image):
+    """A slider: a value that goes in steps, a button to drag, a ruler."""
+
+    font: pygame.font.Font
+    """pygame font that renders the value"""
+    textColor: pygame.Color
+    """colour of the value and the ruler"""
+    texttopgap: float
+    """distance of the value from the scale, pixels"""
+    textalign_V: str
+    """the value stands above ("top"), below ("bottom") or inside"""
+    Button: GUI_Button
+    """the button to drag"""
+    ButtonPicked: bool
+    """the button follows the pointer"""
+    minvalue: float
+    """value at the beginning of the track"""
+    maxvalue: float
+    """value at its end"""
+    currvalue: float
+    """the value; what is set is not limited to the range"""
+    step: float
+    """what one step adds or takes away"""
+    rulerVisible: bool
+    """draw the ruler and the value"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `textColor`: colour of the value and the ruler; components from 0 to 255."""
+
+    def GetTextAlign(self) -> str:
+        """Return `textalign_V`: the value stands above ("top"), below ("bottom") or inside"""
+
+    def SetTextAlign(self, align: str) -> None:
+        """Set `textalign_V`: the value stands above ("top"), below ("bottom") or inside"""
+
+    def GetButton(self) -> GUI_Button:
+        """Return `Button`: the button to drag"""
+
+    def GetRange(self) -> tuple[float, float]:
+        """Return `minvalue` and `maxvalue`."""
+
+    def SetRange(self, minvalue: float, maxvalue: float) -> None:
+        """Set `minvalue` and `maxvalue`."""
+
+    def GetValue(self) -> float:
+        """Return `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetValue(self, value: float) -> None:
+        """Set `currvalue`: the value; what is set is not limited to the range"""
+
+    def GetStep(self) -> float:
+        """Return `step`: what one step adds or takes away"""
+
+    def SetStep(self, step: float) -> None:
+        """Set `step`: what one step adds or takes away"""
+
+    def BtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Let the button follow the pointer until a release."""
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does; a disabled widget takes none."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """End the drag of the button, handle the release as a node does and call `PickUpFunction`.
+
+        A hidden or disabled scale does nothing.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Follow the pointer during a drag, place the button and draw the scale, its ruler and
+        value.
+
+        Raises ZeroDivisionError when the ends of the range are equal.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_VScrollBar(GUI_Image):
+    """An upright scroll bar: a value that goes in steps and a thumb to drag."""
+
+    UpButton: GUI_Button
+    """button that takes a step back"""
+    MidButton: GUI_Button
+    """the thumb"""
+    MidButtonPicked: bool
+    """the thumb follows the pointer"""
+    DownButton: GUI_Button
+    """button that takes a step on"""
+    minvalue: float
+    """value at the beginning of the track"""
+    maxvalue: float
+    """value at its end"""
+    currvalue: float
+    """the value; what is set is not limited to the range"""
+    step: float
+    """what one step adds or takes away"""
+    rulerVisible: bool
+    """free for scripts"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetButton(self) -> GUI_Button:
+        """Return `MidButton`: the thumb"""
+
+    def GetRange(self) -> tuple[float, float]:
+        """Return `minvalue` and `maxvalue`."""
+
+    def SetRange(self, minvalue: float, maxvalue: float) -> None:
+        """Set `minvalue` and `maxvalue`."""
+
+    def GetValue(self) -> float:
+        """Return `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetValue(self, value: float) -> None:
+        """Set `currvalue`: the value; what is set is not limited to the range"""
+
+    def GetStep(self) -> float:
+        """Return `step`: what one step adds or takes away"""
+
+    def SetStep(self, step: float) -> None:
+        """Set `step`: what one step adds or takes away"""
+
+    def UpBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Take a step back, to `minvalue` at most."""
+
+    def MidBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Let the thumb follow the pointer until a release."""
+
+    def DownBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Take a step on, to `maxvalue` at most."""
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does; a disabled widget takes none."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """End the drag of the thumb, handle the release as a node does and call `PickUpFunction`.
+
+        A hidden or disabled bar does nothing.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Follow the pointer during a drag, place the thumb and draw the bar and its buttons.
+
+        Raises ZeroDivisionError when the ends of the range are equal.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_HScrollBar(GUI_Image):
+    """A horizontal scroll bar: a value that goes in steps and a thumb to drag."""
+
+    LeftButton: GUI_Button
+    """button that takes a step back"""
+    MidButton: GUI_Button
+    """the thumb"""
+    MidButtonPicked: bool
+    """the thumb follows the pointer"""
+    RightButton: GUI_Button
+    """button that takes a step on"""
+    minvalue: float
+    """value at the beginning of the track"""
+    maxvalue: float
+    """value at its end"""
+    currvalue: float
+    """the value; what is set is not limited to the range"""
+    step: float
+    """what one step adds or takes away"""
+    rulerVisible: bool
+    """free for scripts"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetButton(self) -> GUI_Button:
+        """Return `MidButton`: the thumb"""
+
+    def GetRange(self) -> tuple[float, float]:
+        """Return `minvalue` and `maxvalue`."""
+
+    def SetRange(self, minvalue: float, maxvalue: float) -> None:
+        """Set `minvalue` and `maxvalue`."""
+
+    def GetValue(self) -> float:
+        """Return `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetValue(self, value: float) -> None:
+        """Set `currvalue`: the value; what is set is not limited to the range"""
+
+    def GetStep(self) -> float:
+        """Return `step`: what one step adds or takes away"""
+
+    def SetStep(self, step: float) -> None:
+        """Set `step`: what one step adds or takes away"""
+
+    def LeftBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Take a step back, to `minvalue` at most."""
+
+    def MidBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Let the thumb follow the pointer until a release."""
+
+    def RightBtnPickDownFunction(self, node: GameNode | None = None) -> None:
+        """Take a step on, to `maxvalue` at most."""
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does; a disabled widget takes none."""
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """End the drag of the thumb, handle the release as a node does and call `PickUpFunction`.
+
+        A hidden or disabled bar does nothing.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Follow the pointer during a drag, place the thumb and draw the bar and its buttons.
+
+        Raises ZeroDivisionError when the ends of the range are equal.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_ListBox(GUI_Image):
+    """A vertical list of lines, one of which is selected by click, by "up" and "down" or by
+    SetSelectedIndex.
+
+    Whole lines are shown; a scroll bar brings the others into view.
+    """
+
+    lineArray: list[GUI_CheckButton]
+    """the lines, from the top"""
+    lineCount: int
+    """number of lines"""
+    selectedIndex: int
+    """the selected line, -1 for none"""
+    lineHeight: float
+    """height of a line, pixels"""
+    linegap: float
+    """distance between lines, pixels"""
+    showlineCount: int
+    """number of lines that fit"""
+    lineIndex: int
+    """first line shown"""
+    itemBGColor: pygame.Color
+    """background of the lines"""
+    textColor: pygame.Color
+    """colour of the texts"""
+    HAlign: str
+    """ "left", "center" or "right" """
+    VAlign: str
+    """ "top", "center" or "bottom" """
+    font: pygame.font.Font
+    """pygame font that renders the text"""
+    fontname: str
+    """name of the font or its file"""
+    fontsize: int
+    """size of the font, pixels"""
+    fontbold: bool
+    """bold text"""
+    fontitalic: bool
+    """italic text"""
+    fontunderline: bool
+    """underlined text"""
+    strikethrough: bool
+    """text struck through"""
+    VScrollBar: GUI_VScrollBar
+    """the scroll bar; its value is the first line shown"""
+    VScrollBarVisible: bool
+    """show the scroll bar when not all lines fit"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetSelectedIndex(self) -> int:
+        """Return `selectedIndex`: the selected line, -1 for none"""
+
+    def GetLineHeight(self) -> float:
+        """Return `lineHeight`: height of a line, pixels"""
+
+    def GetLineGap(self) -> float:
+        """Return `linegap`: distance between lines, pixels"""
+
+    def GetItemBGColor(self) -> pygame.Color:
+        """Return `itemBGColor`: background of the lines"""
+
+    def GetTextColor(self) -> pygame.Color:
+        """Return `textColor`: colour of the texts"""
+
+    def GetTextHAlign(self) -> str:
+        """Return `HAlign`: "left", "center" or "right" """
+
+    def GetTextVAlign(self) -> str:
+        """Return `VAlign`: "top", "center" or "bottom" """
+
+    def GetFont(self) -> pygame.font.Font:
+        """Return `font`: pygame font that renders the text"""
+
+    def GetFontName(self) -> str:
+        """Return `fontname`: name of the font or its file"""
+
+    def GetFontSize(self) -> int:
+        """Return `fontsize`: size of the font, pixels"""
+
+    def GetFontBold(self) -> bool:
+        """Return `fontbold`: bold text"""
+
+    def GetFontItalic(self) -> bool:
+        """Return `fontitalic`: italic text"""
+
+    def GetFontUnderline(self) -> bool:
+        """Return `fontunderline`: underlined text"""
+
+    def GetFontStrikeThrough(self) -> bool:
+        """Return `strikethrough`: text struck through"""
+
+    def GetVScrollBarVisible(self) -> bool:
+        """Return `VScrollBarVisible`: show the scroll bar when not all lines fit"""
+
+    def SetVScrollBarVisible(self, flag: bool) -> None:
+        """Set `VScrollBarVisible`: show the scroll bar when not all lines fit"""
+
+    def AddLine(self, text: str = "", imagefiles: _ImageFiles = None) -> GUI_CheckButton:
+        """Append a line of text, with a picture unless `imagefiles` is None; return it."""
+
+    def AddTextLine(self, text: str) -> GUI_CheckButton:
+        """Append a line of text and return it."""
+
+    def AddImageLine(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> GUI_CheckButton:
+        """Append a line that shows a picture, in the picture's size; return it."""
+
+    def GetLineControl(self, index: int) -> GUI_CheckButton:
+        """Return the widget of a line; IndexError when there is no such line."""
+
+    def SetItemBGColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `itemBGColor`: background of the lines that are not selected, a little darker under
+        the pointer and while pressed; components from 0 to 255.
+        """
+
+    def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `textColor`: colour of the texts of lines that are not selected; components from 0
+        to 255.
+        """
+
+    def SetTextHAlign(self, align: str) -> None:
+        """Set `HAlign`, for all lines: "left", "center", "right"."""
+
+    def SetTextVAlign(self, align: str) -> None:
+        """Set `VAlign`, for all lines: "top", "center", "bottom"."""
+
+    def CreateFont(
+        self,
+        fontname: str,
+        fontsize: int,
+        bold: bool = False,
+        italic: bool = False,
+        underline: bool = False,
+        strikethrough: bool = False,
+    ) -> None:
+        """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
+        resources.
+
+        Raises AttributeError when `Res` does not find the file.
+        """
+
+    def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
+        """Use a ready font; its size and flags are not read.
+
+        A font that is made bold, italic, underlined or struck through later shows at once.
+        After its set_script() or set_direction(), which cannot be read back, hand it over
+        again.
+        """
+
+    def SetLineHeight(self, height: float) -> None:
+        """Set `lineHeight`, for all lines, in pixels."""
+
+    def SetHeight(self, h: float) -> None:
+        """Set `height` in pixels and count the lines that fit."""
+
+    def SetLineGap(self, gap: float) -> None:
+        """Set `linegap`: distance between lines, pixels."""
+
+    def SetSelectedIndex(self, index: int) -> None:
+        """Select a line, counted from 0, and show it; an index without a line selects none."""
+
+    def GetSelectedText(self) -> str:
+        """Return the text of the selected line, "" without one."""
+
+    def ClickItemFunction(self, item: GUI_CheckButton) -> None:
+        """Select a line, and no other; called with the line that is clicked."""
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does, but inside its rectangle only; a disabled list takes
+        none.
+        """
+
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a release as a node does; `PickUpFunction` is called for one over a line, too."""
+
+    def OnKeyDownFunction(self, key: Hashable) -> None:
+        """Select the next line on "down" and the previous one on "up", unless the list is hidden
+        or disabled; then run what is registered for the key.
+        """
+
+    def draw_children(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the lines, cut at the edges of the list, and over them the border."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Place the lines and draw the picture or background, the lines, border and overlays.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_ComboBox(GUI_Image):
+    """An edit and a list to choose its text from.
+
+    The button opens and closes the list. Give a layer its combo boxes last: an open list is
+    drawn over what the layer draws before it.
+    """
+
+    Edit: GUI_Edit
+    """the text that was chosen"""
+    Button: GUI_Button
+    """opens and closes the list"""
+    DropList: GUI_ListBox
+    """the list; closed while it is hidden"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def AddLine(self, text: str = "", imagefiles: _ImageFiles = None) -> GUI_CheckButton:
+        """Append a line to the list and return it; see GUI_ListBox.AddLine."""
+
+    def AddTextLine(self, text: str) -> GUI_CheckButton:
+        """Append a line of text to the list; return it."""
+
+    def AddImageLine(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> GUI_CheckButton:
+        """Append a line that shows a picture to the list and return it."""
+
+    def GetSelectedIndex(self) -> int:
+        """Return the selected line of the list, -1 for none."""
+
+    def SetSelectedIndex(self, index: int) -> None:
+        """Select a line of the list. The text of the edit stays as it is."""
+
+    def GetTextColor(self) -> pygame.Color:
+        """Return the colour of the edit's text."""
+
+    def SetItemBGColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set the background of the lines; components from 0 to 255."""
+
+    def GetItemBGColor(self) -> pygame.Color:
+        """Return the background of the lines."""
+
+    def GetLineGap(self) -> float:
+        """Return the distance between lines, pixels."""
+
+    def SetLineGap(self, gap: float) -> None:
+        """Set the distance between lines, pixels."""
+
+    def GetLineHeight(self) -> float:
+        """Return the height of a line, pixels."""
+
+    def SetLineHeight(self, height: float) -> None:
+        """Set the height of a line, pixels."""
+
+    def GetVScrollBarVisible(self) -> bool:
+        """Return whether the list shows a scroll bar when not all lines fit."""
+
+    def SetVScrollBarVisible(self, flag: bool) -> None:
+        """Let the list show a scroll bar when not all lines fit, or not."""
+
+    def GetFont(self) -> pygame.font.Font:
+        """Return the font of the edit."""
+
+    def GetFontName(self) -> str:
+        """Return the name of the edit's font."""
+
+    def GetFontSize(self) -> int:
+        """Return the size of the edit's font, pixels."""
+
+    def GetFontBold(self) -> bool:
+        """Return whether the edit's font was made bold."""
+
+    def GetFontItalic(self) -> bool:
+        """Return whether the edit's font was made italic."""
+
+    def GetFontUnderline(self) -> bool:
+        """Return whether the edit's font was made to underline."""
+
+    def GetFontStrikeThrough(self) -> bool:
+        """Return whether the edit's font was made to strike through."""
+
+    def SetWidth(self, w: float) -> None:
+        """Set `width` in pixels, for the edit and the list, too."""
+
+    def SetHeight(self, h: float) -> None:
+        """Set `height` in pixels, that of the edit and the open list."""
+
+    def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set the colour of the edit's text and of the lines; components from 0 to 255."""
+
+    def CreateFont(
+        self,
+        fontname: str,
+        fontsize: int,
+        bold: bool = False,
+        italic: bool = False,
+        underline: bool = False,
+        strikethrough: bool = False,
+    ) -> None:
+        """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
+        resources.
+
+        Raises AttributeError when `Res` does not find the file.
+        """
+
+    def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
+        """Use a ready font; its size and flags are not read.
+
+        A font that is made bold, italic, underlined or struck through later shows at once.
+        After its set_script() or set_direction(), which cannot be read back, hand it over
+        again.
+        """
+
+    def ClickBtnFunction(self, node: GameNode | None = None) -> None:
+        """Open or close the list; called when the button is clicked."""
+
+    def PickDropListFunction(self, node: GameNode | None = None) -> None:
+        """Put the text of the selected line into the edit and close the list; called when a line
+        is clicked.
+        """
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does. One elsewhere closes the list and takes the focus from
+        the edit; a disabled combo box does nothing.
+        """
+
+    def OnKeyDownFunction(self, key: Hashable) -> None:
+        """Run what is registered for the key; then it goes to the edit while that has the focus,
+        and to the list while that is open, whose selection "return" takes over.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the edit, the button and the open list, without a background.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_HProgressBar(GUI_Label):
+    """A value in a range as a bar that fills from the left."""
+
+    ProgressImage: GUI_Label
+    """the fill"""
+    PositionImage: GUI_Label
+    """the marker at the end of the fill"""
+    minvalue: float
+    """value of an empty bar"""
+    maxvalue: float
+    """value of a full bar"""
+    currvalue: float
+    """the value; what is set is not limited to the range"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def GetProgressImage(self) -> GUI_Label:
+        """Return `ProgressImage`: the fill"""
+
+    def GetPositionImages(self) -> GUI_Label:
+        """Return `PositionImage`: the marker at the end of the fill"""
+
+    def GetRange(self) -> tuple[float, float]:
+        """Return `minvalue` and `maxvalue`."""
+
+    def SetRange(self, minvalue: float, maxvalue: float) -> None:
+        """Set `minvalue` and `maxvalue`."""
+
+    def GetValue(self) -> float:
+        """Return `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetValue(self, value: float) -> None:
+        """Set `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetProgressImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
+        """Draw the fill as a picture, stretched to its size; see GUI_Image.SetImage."""
+
+    def SetProgressImageVisible(self, flag: bool) -> None:
+        """Show or hide the fill."""
+
+    def SetPositionImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
+        """Draw the marker as a picture, stretched to its size; see GUI_Image.SetImage."""
+
+    def SetPositionImageVisible(self, flag: bool) -> None:
+        """Show or hide the marker."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the bar with the fill for its value.
+
+        Raises ZeroDivisionError when the ends of the range are equal.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_VProgressBar(GUI_Label):
+    """A value in a range as a bar that fills from the top."""
+
+    ProgressImage: GUI_Label
+    """the fill"""
+    PositionImage: GUI_Label
+    """the marker at the end of the fill"""
+    minvalue: float
+    """value of an empty bar"""
+    maxvalue: float
+    """value of a full bar"""
+    currvalue: float
+    """the value; what is set is not limited to the range"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def GetProgressImage(self) -> GUI_Label:
+        """Return `ProgressImage`: the fill"""
+
+    def GetPositionImages(self) -> GUI_Label:
+        """Return `PositionImage`: the marker at the end of the fill"""
+
+    def GetRange(self) -> tuple[float, float]:
+        """Return `minvalue` and `maxvalue`."""
+
+    def SetRange(self, minvalue: float, maxvalue: float) -> None:
+        """Set `minvalue` and `maxvalue`."""
+
+    def GetValue(self) -> float:
+        """Return `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetValue(self, value: float) -> None:
+        """Set `currvalue`: the value; what is set is not limited to the range"""
+
+    def SetProgressImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
+        """Draw the fill as a picture, stretched to its size; see GUI_Image.SetImage."""
+
+    def SetProgressImageVisible(self, flag: bool) -> None:
+        """Show or hide the fill."""
+
+    def SetPositionImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
+        """Draw the marker as a picture, stretched to its size; see GUI_Image.SetImage."""
+
+    def SetPositionImageVisible(self, flag: bool) -> None:
+        """Show or hide the marker."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the bar with the fill for its value.
+
+        Raises ZeroDivisionError when the ends of the range are equal.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GUI_MsgBox(GUI_Label):
+    """A small dialog: a text, an OK button and a close button, both of which hide it.
+
+    The text is shown by the label `Title`. To learn of a button, override Button_6_onCommand.
+    """
+
+    Title: GUI_Label
+    """label that shows the text"""
+    OKButton: GUI_Button
+    """the OK button"""
+    CloseButton: GUI_Button
+    """the close button"""
+
+    def __init__(
+        self,
+        parent: GameNode | None = None,
+        x: float = 0,
+        y: float = 0,
+        text: str = "",
+        fontname: str = "Arial",
+        fontsize: int = 16,
+    ) -> None: ...
+    def SetText(self, text: str) -> None:
+        """Set the text that the box shows."""
+
+    def OnLoad(self, sceneInstance: Any = None) -> None:
+        """Store the scene and tell it to the whole subtree; None keeps the scene that is known."""
+
+    def Button_6_onCommand(self, node: GameNode | None = None) -> None:
+        """Hide the box; called with the button that is pressed."""
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the box and its parts, which move with its scale.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class TreeItemNode:
+    """An item of a GUI_Tree."""
+
+    itemText: str
+    """the text shown"""
+    itemValue: Any
+    """free for scripts"""
+    itemImage: str | pygame.Surface | None
+    """picture in front of the text, or the name of its file, or None"""
+    itemChildren: list[TreeItemNode]
+    """the items below this one"""
+    itemopen: bool
+    """whether they are shown"""
+
+    def __init__(
+        self,
+        itemText: str = "",
+        itemValue: Any = None,
+        itemImage: str | pygame.Surface | None = None,
+    ) -> None: ...
+    def SetItemText(self, text: str) -> None:
+        """Set `itemText`: the text shown"""
+
+    def SetItemValue(self, value: Any) -> None:
+        """Set `itemValue`: free for scripts"""
+
+    def SetItemImage(self, image: str | pygame.Surface | None) -> None:
+        """Set `itemImage`: picture in front of the text, or the name of its file, or None"""
+
+    def AppendChildItem(self, item: TreeItemNode) -> None:
+        """Add an item below this one, behind the others."""
+
+    def InsertChildItem(self, index: int, item: TreeItemNode) -> None:
+        """Insert an item below this one, as list.insert does."""
+
+    def ExpandChildItem(self) -> None:
+        """Show the items below."""
+
+    def CloseChildItem(self) -> None:
+        """Hide the items below."""
+
+    def LookForItemNode(self, itemText: str) -> TreeItemNode | None:
+        """Return the first item with that text, this one or one below it, depth first.
+
+        Raises RecursionError when an item is its own descendant.
+        """
+
+    def draw(self, screen: pygame.Surface, tree: GUI_Tree, x: float, y: float) -> float:
+        """Draw the item and, while it is open, those below it, with the font, the colours and the
+        scale of the tree.
+
+        `x` and `y` are the corner of its row in pixels of the surface. Returns the `y` of the
+        next row.
+        """
+
+@_disjoint_base
+class GUI_Tree(GUI_Image):
+    """A hierarchy of TreeItemNode items, whose boxes open and close them.
+
+    Its rows are drawn from the top left corner on, at any length; only a rotated tree cuts them
+    at its edges.
+    """
+
+    RootItemNode: TreeItemNode | None
+    """the item that holds all others, or None"""
+    font: pygame.font.Font
+    """pygame font that renders the text"""
+    fontname: str
+    """name of the font or its file"""
+    fontsize: int
+    """size of the font, pixels"""
+    fontbold: bool
+    """bold text"""
+    fontitalic: bool
+    """italic text"""
+    fontunderline: bool
+    """underlined text"""
+    strikethrough: bool
+    """text struck through"""
+    textColor: pygame.Color
+    """colour of the texts"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetFont(self) -> pygame.font.Font:
+        """Return `font`: pygame font that renders the text"""
+
+    def GetFontName(self) -> str:
+        """Return `fontname`: name of the font or its file"""
+
+    def GetFontSize(self) -> int:
+        """Return `fontsize`: size of the font, pixels"""
+
+    def GetFontBold(self) -> bool:
+        """Return `fontbold`: bold text"""
+
+    def GetFontItalic(self) -> bool:
+        """Return `fontitalic`: italic text"""
+
+    def GetFontUnderline(self) -> bool:
+        """Return `fontunderline`: underlined text"""
+
+    def GetFontStrikeThrough(self) -> bool:
+        """Return `strikethrough`: text struck through"""
+
+    def GetTextColor(self) -> pygame.Color:
+        """Return `textColor`: colour of the texts"""
+
+    def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `textColor`: colour of the texts; components from 0 to 255."""
+
+    def InsertItem(
+        self,
+        parentText: str | None,
+        itemText: str,
+        itemValue: Any = None,
+        itemImage: str | pygame.Surface | None = None,
+        index: int | None = None,
+    ) -> TreeItemNode | None:
+        """Make an item and put it below the first one whose text is `parentText`: at `index`, or
+        behind the others.
+
+        The first item of a tree becomes its root. Returns the item, or None when there is no
+        such parent.
+        """
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press as a node does; one on the box of an item opens or closes it. A disabled
+        tree takes none.
+        """
+
+    def CreateFont(
+        self,
+        fontname: str,
+        fontsize: int,
+        bold: bool = False,
+        italic: bool = False,
+        underline: bool = False,
+        strikethrough: bool = False,
+    ) -> None:
+        """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
+        resources.
+
+        Raises AttributeError when `Res` does not find the file.
+        """
+
+    def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
+        """Use a ready font; its size and flags are not read.
+
+        A font that is made bold, italic, underlined or struck through later shows at once.
+        After its set_script() or set_direction(), which cannot be read back, hand it over
+        again.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the picture or background, the items, border, overlays and children.
+
+        Raises RecursionError when an open item is its own descendant.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+@_disjoint_base
+class GameCharacter(GUI_Image):
+    """A figure of several parts that plays key-framed actions, with the state of a figure in a
+    game.
+
+    `x` and `y` place the anchor relative to the parent's top-left corner, in pixels. The parts
+    of the action that is played are children of the character.
+    """
+
+    ActionArray: dict[str, dict[int, dict[str, Any]]]
+    """action name to its key frames: frame index to a dictionary of "ChangeMode" and "Parts" (part
+    index to track name to value)
+    """
+    ActionFpsDelayArray: dict[str, float]
+    """action name to seconds per frame"""
+    ActionLoop: bool
+    """whether the action starts again"""
+    ActionPlaying: bool
+    """whether frames advance"""
+    currActionFrameIndex: int
+    """the frame shown"""
+    currActionFrameTime: float
+    """time towards the next frame, seconds"""
+    currActionEndframe: int
+    """last frame of the action"""
+    currActionEndCallBackFunction: Callable[..., Any] | None
+    """called when the action runs past its last frame, or None"""
+    currActionEndCallBackParams: dict[str, Any] | None
+    """keyword arguments of that call, or None"""
+    currOffsetX: float
+    """horizontal shift when drawn, pixels"""
+    currOffsetY: float
+    """vertical shift when drawn, pixels"""
+    imageDict: dict[int, GUI_Image]
+    """part index to the part of the current action"""
+    PickedPartObj: GUI_Image | None
+    """part hit by the last press, or None"""
+    moveDir: list[float]
+    """requested direction, x then y, each -1.0 to 1.0"""
+    dropSpeed: float
+    """vertical speed, negative while rising"""
+    isJumping: bool
+    """a jump is in progress"""
+    isPlayer: bool
+    """the scene's player"""
+    isDead: bool
+    """set by Dead"""
+    rectListVisible: bool
+    """outline the frame's collision rectangles"""
+    UserFunctionDict: dict[str, Callable[..., Any]]
+    """script functions by the names that key frames call"""
+    CharacterBindingVarArray: dict[str, Any]
+    """named game variables"""
+
+    def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
+    def GetCurrFrameIndex(self) -> int:
+        """Return `currActionFrameIndex`: the frame shown"""
+
+    def SetCurrFrame(self, frameIndex: int) -> None:
+        """Set `currActionFrameIndex`: the frame shown"""
+
+    def GetPickedPartObj(self) -> GUI_Image | None:
+        """Return `PickedPartObj`: part hit by the last press, or None"""
+
+    def GetDropSpeed(self) -> float:
+        """Return `dropSpeed`: vertical speed, negative while rising"""
+
+    def IsJumpState(self) -> bool:
+        """Return `isJumping`: a jump is in progress"""
+
+    def IsPlayer(self) -> bool:
+        """Return `isPlayer`: the scene's player"""
+
+    def IsDead(self) -> bool:
+        """Return `isDead`: set by Dead"""
+
+    def SetRectListVisible(self, flag: bool) -> None:
+        """Set `rectListVisible`: outline the frame's collision rectangles"""
+
+    def AddAction(self, actionName: str, fpsdelay: float = 0.3) -> None:
+        """Add an action without key frames, played at `fpsdelay` seconds per frame.
+
+        An action of that name keeps its key frames.
+        """
+
+    def AddActionFromImageList(
+        self, actionName: str, imageList: _ImageFiles, fpsdelay: float = 0.3
+    ) -> None:
+        """Add an action of one part that shows the images one after another.
+
+        `imageList` holds file names or surfaces, one for each frame; it replaces an action of
+        that name. `fpsdelay` is in seconds per frame.
+        """
+
+    def DelAction(self, actionName: str) -> None:
+        """Delete an action, ending it if it is played. An unknown name is ignored."""
+
+    def CleanUpAction(self) -> None:
+        """Delete all actions, ending the one that is played, and forget their images."""
+
+    def GetActionCount(self) -> int:
+        """Return the number of actions."""
+
+    def GetActionName(self, index: int) -> str:
+        """Return the name of an action by its place; IndexError for an unknown one."""
+
+    def GetActionNameList(self) -> list[str]:
+        """Return a new list of the actions' names."""
+
+    def GetActionInfo(self, actionName: str) -> dict[str, Any]:
+        """Return a new dictionary about an action: "fpsdelay" (seconds per frame), "endframe",
+        "keyframes" and "parts" (sorted lists of indexes).
+
+        KeyError for an unknown one.
+        """
+
+    def SetActionSpeed(self, actionName: str, fpsdelay: float = 0.3) -> None:
+        """Set the time that each frame of the action lasts, in seconds."""
+
+    def GetActionSpeed(self, actionName: str) -> float:
+        """Return the seconds per frame of the action; KeyError for an unknown one."""
+
+    def GetEndFrame(self, actionName: str) -> int:
+        """Return the action's last key frame, 0 for one without key frames; KeyError for an
+        unknown one.
+        """
+
+    def AddKeyFrame(self, actionName: str, frameIndex: int, changeMode: int = 0) -> None:
+        """Make a frame a key frame; one that is so already keeps its values.
+
+        `changeMode` is how values pass on to the next key frame: with 1 position, scale,
+        rotation and colour change linearly, else they stay. KeyError for an unknown action.
+        """
+
+    def DelKeyFrame(self, actionName: str, frameIndex: int) -> None:
+        """Delete a key frame; what is none is ignored."""
+
+    def IsKeyFrame(self, actionName: str | None, frameIndex: int) -> bool:
+        """Return whether the frame is a key frame of the action."""
+
+    def GetLastKeyFrame(self, actionName: str, frameIndex: int) -> int | None:
+        """Return the nearest key frame before the frame, or None; KeyError for an unknown action."""
+
+    def GetNextKeyFrame(self, actionName: str, frameIndex: int) -> int | None:
+        """Return the nearest key frame after the frame, or None; KeyError for an unknown action."""
+
+    def SetKeyFrame_ChangeMode(self, actionName: str, frameIndex: int, changeMode: int) -> None:
+        """Set how values pass on to the next key frame; see AddKeyFrame.
+
+        A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_ChangeMode(self, actionName: str | None, frameIndex: int) -> int | None:
+        """Return how values pass on to the next key frame, None for what is no key frame."""
+
+    def DelKeyFrame_Image(self, actionName: str, frameIndex: int, partIndex: int = 0) -> None:
+        """Delete the picture that a key frame gives a part, if there is one."""
+
+    def SetKeyFrame_Image(
+        self, actionName: str, frameIndex: int, value: _ImageFiles | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the picture, as SetImage takes it or the name of a
+        frame of an atlas.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Image(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> _ImageFiles | None:
+        """Return what a key frame says of a part: the picture, as SetImage takes it or the name of
+        a frame of an atlas.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Blend(
+        self, actionName: str, frameIndex: int, value: str | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the blend mode, as SetBlendType takes it.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Blend(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> str | None:
+        """Return what a key frame says of a part: the blend mode, as SetBlendType takes it.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Anchor(
+        self, actionName: str, frameIndex: int, value: str | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the anchor's keyword, as SetImageAnchor takes it.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Anchor(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> str | None:
+        """Return what a key frame says of a part: the anchor's keyword, as SetImageAnchor takes
+        it.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Position(
+        self, actionName: str, frameIndex: int, value: Sequence[float] | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the place (x, y) in the character, pixels.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Position(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> Sequence[float] | None:
+        """Return what a key frame says of a part: the place (x, y) in the character, pixels.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Scale(
+        self, actionName: str, frameIndex: int, value: Sequence[float] | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the scale factors (sx, sy).
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Scale(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> Sequence[float] | None:
+        """Return what a key frame says of a part: the scale factors (sx, sy).
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Rotate(
+        self, actionName: str, frameIndex: int, value: float | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the rotation in degrees, counter-clockwise.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Rotate(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> float | None:
+        """Return what a key frame says of a part: the rotation in degrees, counter-clockwise.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Color(
+        self, actionName: str, frameIndex: int, value: _ColorValue | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the tint (r, g, b) or (r, g, b, a), 0 to 255 each.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Color(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> _ColorValue | None:
+        """Return what a key frame says of a part: the tint (r, g, b) or (r, g, b, a), 0 to 255
+        each.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_Sound(
+        self, actionName: str, frameIndex: int, value: str | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: the sound file that `Res` plays when the frame is
+        entered.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_Sound(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> str | None:
+        """Return what a key frame says of a part: the sound file that `Res` plays when the frame
+        is entered.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_CBFunction(
+        self,
+        actionName: str,
+        frameIndex: int,
+        value: Callable[[GameCharacter], Any] | str | None,
+        partIndex: int = 0,
+    ) -> None:
+        """Set what a key frame says of a part: what is called with the character when the frame is
+        entered: a function, the name of one in `UserFunctionDict`, or what follows "on_" in the
+        name of a method of the scene.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_CBFunction(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> Callable[[GameCharacter], Any] | str | None:
+        """Return what a key frame says of a part: what is called with the character when the frame
+        is entered: a function, the name of one in `UserFunctionDict`, or what follows "on_" in
+        the name of a method of the scene.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_RectList(
+        self,
+        actionName: str,
+        frameIndex: int,
+        value: Sequence[_RectValue] | None,
+        partIndex: int = 0,
+    ) -> None:
+        """Set what a key frame says of a part: collision rectangles, unscaled pixels from the
+        character's top-left corner, until another key frame sets them.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_RectList(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> Sequence[_RectValue] | None:
+        """Return what a key frame says of a part: collision rectangles, unscaled pixels from the
+        character's top-left corner, until another key frame sets them.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def SetKeyFrame_TileBlock(
+        self, actionName: str, frameIndex: int, value: Any | None, partIndex: int = 0
+    ) -> None:
+        """Set what a key frame says of a part: what a tile map makes of the frame.
+
+        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        """
+
+    def GetKeyFrame_TileBlock(
+        self, actionName: str | None, frameIndex: int, partIndex: int = 0
+    ) -> Any | None:
+        """Return what a key frame says of a part: what a tile map makes of the frame.
+
+        None if it says nothing, and where there is no such action or key frame.
+        """
+
+    def PlayAction(
+        self,
+        actionName: str,
+        isLoop: bool = False,
+        callbackfun: Callable[..., Any] | None = None,
+        **params: Any,
+    ) -> None:
+        """Play an action from its first frame; an unknown name is ignored.
+
+        Its parts become children in place of those of the action before, with the first key
+        frame's pictures; the other values come with the first update. `callbackfun` is called
+        with the keyword arguments each time when the last frame has passed; it may start
+        another action.
+        """
+
+    def StopAction(self) -> None:
+        """Stop advancing frames."""
+
+    def update(self, delay: float) -> None:
+        """Advance the node and its parts by `delay` seconds and the action by at most one frame.
+
+        Sounds, callbacks and pictures of a key frame take effect when it is entered, its other
+        values on every update while it lasts.
+        """
+
+    def updateFrames(self, frameIndex: int) -> None:
+        """Apply a frame of the current action: all that a key frame says, or what lies between two
+        key frames of change mode 1.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the character's own picture if it has one, overlays, the parts, and the frame's
+        collision rectangles.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def drawList(self, screen: pygame.Surface) -> None:
+        """Outline the frame's collision rectangles while `rectListVisible` is true."""
+
+    def SetFlipX(self, flag: bool) -> None:
+        """Mirror the pictures of the parts left to right, in their places."""
+
+    def SetFlipY(self, flag: bool) -> None:
+        """Mirror the pictures of the parts upside down, in their places."""
+
+    def SetImageAnchor(self, anchor: str) -> None:
+        """Set the anchor of the character and of its parts by keyword, as for an image."""
+
+    def CopyTo(self, other: GameNode) -> None:
+        """Copy the image part and, into a character, actions, state and game variables; it then
+        shows parts of its own. It does not become the player.
+        """
+
+    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a press at screen position `x`, `y` in pixels, as every node does; a press on a
+        part is one on the character.
+
+        `PickedPartObj` becomes the part hit, or None. Returns the node that took the press, or
+        None.
+        """
+
+    def GetPickedPartObjIndex(self) -> int:
+        """Return the index of the part hit by the last press, -1 without one."""
+
+    def GetSizeRect(self) -> pygame.Rect:
+        """Return a new pygame.Rect around the frame's collision rectangles, without these around
+        the parts, and without parts the node's own.
+
+        At GetWX(), GetWY() in the drawn size.
+        """
+
+    def checkCollision(self, gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool:
+        """Return whether one of the frame's collision rectangles, or the size rectangle without
+        these, collides with the other node's when that is moved, in pixels.
+        """
+
+    def checkEventRectCollision(
+        self, objrect: _RectValue, moveX: float = 0, moveY: float = 0
+    ) -> bool:
+        """Return whether one of the frame's collision rectangles, or the size rectangle without
+        these, collides with a moved copy of `objrect`.
+        """
+
+    def SetPlayer(self) -> None:
+        """Make the character the player and tell it to the scene's SetPlayer(), if there is a
+        scene.
+        """
+
+    def UnsetPlayer(self) -> None:
+        """Make the character no player and call the scene's SetPlayer(None), if there is a scene."""
+
+    def Dead(self) -> None:
+        """Set `isDead`."""
+
+    def IsUpState(self) -> bool:
+        """Return whether the character rises: `dropSpeed` is negative."""
+
+    def Jump(self, jumpspeed: float | None = None) -> None:
+        """Start a jump: `dropSpeed` becomes `jumpspeed`, by default the game variable of that
+        name, whose sign is kept.
+        """
+
+    def StopJump(self) -> None:
+        """End the jump and set `dropSpeed` to 0."""
+
+    def StopMove(self) -> None:
+        """Set `moveDir` to a new list [0, 0]."""
+
+    def Move_Right(self) -> None:
+        """Set the horizontal direction to 1.0."""
+
+    def Move_Left(self) -> None:
+        """Set the horizontal direction to -1.0."""
+
+    def Move_Down(self) -> None:
+        """Set the vertical direction to 1.0."""
+
+    def Move_Up(self) -> None:
+        """Set the vertical direction to -1.0."""
+
+    def isMoveState(self) -> bool:
+        """Return whether a direction in `moveDir` is not 0."""
+
+    def SaveToFile(self, fileName: _File) -> None:
+        """Write the character to a file, as JSON, whole or not at all.
+
+        The file is a dictionary: "format" is "Tessora character", "version" 1; "attributes"
+        holds place, look, state, bindings, game variables and `userData` by the attributes'
+        names; "flip" the two flags of SetFlipX and SetFlipY; "own_picture" whether `imagefiles`
+        is a picture of the character itself; "actions" a list of dictionaries with "name" and
+        "keyframes". A key frame has "frame" (its index), "ChangeMode" and "parts", a list of
+        dictionaries with "part" (its index) and "tracks", the values by the names of the
+        tracks.
+
+        Numbers, texts, flags, None, lists and dictionaries with texts for keys are written as
+        such. Other values are dictionaries of one entry: "$tuple" and its items, "$dict" and a
+        list of pairs of key and value, "$color" [r, g, b, a], "$rect" [x, y, width, height],
+        "$vector" [x, y]. Anything else cannot be written (TypeError), and no functions are:
+        `PickDownFunction` and its like, `UserFunctionDict`, the function at an action's end,
+        which LoadFromFile drops. `CBFunction` is written where it is a name.
+
+        Errors name the file, which is then as it was before: TypeError and ValueError for
+        values that cannot be written, OSError.
+        """
+
+    def LoadFromFile(self, fileName: _File) -> None:
+        """Become what SaveToFile wrote: attributes, actions, and the current action with its parts
+        as they were.
+
+        Other functions stay as they are. Pictures come from `Res`. Every error (OSError,
+        ValueError for a file that is no such thing or has more than 16 MiB) names the file and
+        leaves the character as it was.
+        """
+
+    def SaveAnimationToFile(self, fileName: _File, actionName: str | None = None) -> None:
+        """Write an action, or all, with their speeds to a file, as SaveToFile does.
+
+        "format" is "Tessora animation"; "actions" is as in a character's file, with a "speed"
+        (seconds per frame) each; "atlases" lists the atlases of their pictures. KeyError for an
+        unknown action.
+        """
+
+    def LoadAnimationFromFile(self, fileName: _File, actionName: str | None = None) -> None:
+        """Add an action, or all, from a file that SaveAnimationToFile wrote.
+
+        They replace actions of the same names; one that is played ends. KeyError for an action
+        that is not in the file; errors are those of LoadFromFile.
+        """
+
+    def LoadAllAnimationsFromPlist(
+        self, plistFile: _File, atlasFile: _File | None = None, imageFile: _File | None = None
+    ) -> None:
+        """Add every animation of a property list as an action of one part: picture names under
+        "frames", seconds per frame under "delay".
+
+        The names are those of frames of `atlasFile`, whose sheet is `imageFile` (as in
+        LoadImageFramesPList), or else of image files. `Res` finds the files. Errors name the
+        file and leave the character as it was.
+        """
+
+    def Tessora_ReLoadImage(self) -> None:
+        """Ask `Res` again for the atlases and for the pictures of the parts, after
+        ReleaseAllImageMemeory or with another `Res`.
+        """
+
+    def SetCharacterBindingVar(self, varname: str, varvalue: Any) -> None:
+        """Store a value under the game variable's name.
+
+        A layer that takes a waiting character in sets every variable again, with its own value.
+        """
+
+    def GetCharacterBindingVar(self, varname: str) -> Any:
+        """Return the entry of that name; KeyError for an unknown one."""
+
+    def DelCharacterBindingVar(self, varname: str) -> None:
+        """Delete the entry of that name; KeyError for an unknown one."""
+
+    def CleanUpCharacterBindingVar(self) -> None:
+        """Empty the table in place."""
+
+    def GetCharacterBindingVarArray(self) -> dict[str, Any]:
+        """Return the table itself."""
+
+@_disjoint_base
+class TiledMap(GameNode):
+    """A grid of equal cells, rectangular or diamond, filled with nodes that are shared.
+
+    A cell holds the index of a resource, -1 for none. To draw and to update, the map asks
+    `sceneInstance.GetLayerResNode(index)` for the node of every occupied cell, row by row; None
+    is passed over. A node stands for many cells: it is put in place, drawn, and put in the next
+    place.
+
+    A map of many cells is fastest with a look-up that calls no script: `scene.GetLayerResNode =
+    nodes.__getitem__`, of a plain list or dictionary, or its `get`. Cells of still pictures (a
+    GUI_Image without children, border and scripts) outside the window then cost next to
+    nothing.
+    """
+
+    LayerName: str | None
+    """name of the layer whose resources fill the cells; for scripts"""
+    ViewType: int
+    """0 for a rectangular grid, else diamonds"""
+    Tile_Cow: int
+    """number of columns"""
+    Tile_Row: int
+    """number of rows"""
+    Tile_Width: float
+    """width of a cell, pixels"""
+    Tile_Height: float
+    """height of a cell, pixels"""
+    Tile_Visible: bool
+    """whether the grid lines are drawn"""
+    Tile_Color: pygame.Color
+    """colour of the grid lines"""
+    Tile_Array: list[int]
+    """index of each cell's resource row by row, -1 for an empty cell"""
+    Coll_Array: list[Any]
+    """whether each cell is blocked, row by row"""
+    Coll_Dict: dict[int, list[tuple[int, int]]]
+    """flat index of an animated tile to the cells (column, row) that its frame covers"""
+
+    def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
+    def IsTileVisible(self) -> bool:
+        """Return `Tile_Visible`: whether the grid lines are drawn"""
+
+    def SetTileVisible(self, value: bool) -> None:
+        """Set `Tile_Visible`: whether the grid lines are drawn"""
+
+    def GetTileLineColor(self) -> pygame.Color:
+        """Return `Tile_Color`: colour of the grid lines"""
+
+    def SetTileLineColor(self, value: pygame.Color) -> None:
+        """Set `Tile_Color`: colour of the grid lines"""
+
+    def GetTileArray(self) -> list[int]:
+        """Return `Tile_Array`: index of each cell's resource row by row, -1 for an empty cell"""
+
+    def SetTiledMapInfo(
+        self, LayerName: str | None, Row: int, Cow: int, TileW: float, TileH: float, ViewType: int
+    ) -> None:
+        """Give the map so many rows and columns of cells of TileW x TileH pixels, all empty.
+
+        `ViewType` 0 is a rectangular grid, any other value one of diamonds. Raises MemoryError
+        for more than 2**27 cells.
+        """
+
+    def GetTiledMapInfo(self) -> list[Any]:
+        """Return a new list of `ViewType`, `Tile_Row`, `Tile_Cow`, `Tile_Width`, `Tile_Height`."""
+
+    def CleanAllObjects(self) -> None:
+        """Empty all cells and their collision, in lists of the map's size.
+
+        The lists and the dictionary stay the same objects.
+        """
+
+    def IsEmpty(self) -> bool:
+        """Return whether no cell holds a tile."""
+
+    def GetTileObjectCount(self) -> int:
+        """Return how many cells hold a tile."""
+
+    def IsValidTile(self, tileX: int, tileY: int) -> bool:
+        """Return whether column `tileX`, row `tileY` lies on the map."""
+
+    def GetTile_XY(self, tx: int, ty: int) -> tuple[float, float]:
+        """Return the left top corner of column `tx`, row `ty` as on a rectangular grid, in pixels
+        of the parent.
+        """
+
+    def GetTile_RC(self, px: float, py: float) -> tuple[int, int]:
+        """Return column and row of the cell under a point, in pixels of the parent.
+
+        On a rectangular grid places are cut towards zero: up to one cell left of the map is
+        still column 0, and the result may lie outside the map. On a diamond grid one more row
+        and column than the map has count, and (-1, -1) means none. Raises ZeroDivisionError,
+        ValueError or OverflowError for what no division gives a cell.
+        """
+
+    def CheckPtInDiamond(self, px: float, py: float) -> bool:
+        """Return whether a point, in pixels from the centre of a diamond cell, lies in it or on
+        its edge.
+        """
+
+    def GetTileObject(self, tx: float, ty: float, isTile: bool) -> int:
+        """Return what a cell holds, -1 outside the map.
+
+        With `isTile` true the cell is column `tx`, row `ty`, else the one under a point in
+        pixels of the parent.
+        """
+
+    def SetTileObject(self, tx: float, ty: float, resIndex: int, isTile: bool) -> None:
+        """Put a resource into a cell, named as for GetTileObject; nothing outside the map.
+
+        Where the resource's node has `collisionType` 1, the cells that its `collisionInfo`
+        names are blocked: a pair of columns and rows, counted right and down from this cell, or
+        None for the cell alone. Collision that was there stays; UpdateTileCollision() cleans
+        up. A node that cannot be had is printed as lost; the cell keeps the index.
+        """
+
+    def DelTileObject(self, tx: float, ty: float, isTile: bool) -> None:
+        """Empty a cell, named as for GetTileObject, and unblock it if its resource collides."""
+
+    def CheckInsObj(self, px: float, py: float) -> bool:
+        """Return whether a child is hit at the point, taken relative to the map's place."""
+
+    def OnPickDownFunction(self, px: float, py: float) -> GameNode | None:
+        """Handle a press at screen position `px`, `py` in pixels.
+
+        If the cell that the last draw showed there holds a tile, the event "PickDown" is raised
+        with the keywords `tx` (column) and `ty` (row). Then children and the map itself take
+        the press as any node. Returns the node that took it, the map for a tile, or None.
+        """
+
+    def GetTileCollision(self, tileX: int, tileY: int) -> bool:
+        """Return whether column `tileX`, row `tileY` is blocked; false outside the map."""
+
+    def UpdateTileCollision(self) -> None:
+        """Make a new `Coll_Array` in which exactly the cells are blocked that the map's tiles
+        cover.
+
+        Nodes that cannot be had are printed as lost.
+        """
+
+    def checkCollision(self, gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> Any:
+        """Return whether blocked cells stop the node's move by `moveX` and by `moveY` pixels.
+
+        The node's GetSizeRect() counts, and every cell that its leading edge meets on the way.
+        The horizontal part is tested first and alone, the vertical one from where a free
+        horizontal part leads to, so that a node on the ground walks and one along a wall falls.
+        Not for diamond grids. The tuple itself is always true: test its parts.
+        """
+
+    def update(self, delay: float) -> None:
+        """Advance the map's children, actions and update function by `delay` seconds, then note in
+        `Coll_Dict` what animated tiles cover in their current frame.
+
+        These are cells whose resource is a GameCharacter with a `TileBlock` at that frame.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw grid lines, the cells' nodes, crosses over blocked cells, overlays and children.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera. The nodes are placed from the
+        map's local position; the map's own `sx`, `sy` stretch lines and crosses only. Raises
+        IndexError while the lists are shorter than the map.
+        """
+
+@_disjoint_base
+class ParticleEmitter(GameNode):
+    """A node that emits particles, moves and draws them and removes the dead ones.
+
+    `x` and `y` are its place in the parent, in pixels; `particleTotal` is the most particles at
+    once. `particleMode` is kept for scripts: a new emitter is in "Gravity" mode. Every random
+    parameter is its value plus its variance times a number from -1 to 1. Emission begins with
+    Run().
+    """
+
+    plistFile: str | None
+    """path of the definition file loaded last, or None"""
+    particleMode: str
+    """what the constructor was given; `ParticleMode` is the active mode"""
+    ParticleTotal: int
+    """most particles at once"""
+    ParticleCount: int
+    """particles now"""
+    EmissionRate: float
+    """particles per second"""
+    EmitCounter: float
+    """time towards the next particle, seconds"""
+    Duration: float
+    """seconds of emission, -1 for no limit"""
+    LifeTime: float
+    """seconds emitted so far"""
+    ParticleArray: list[Particle]
+    """the particles, oldest first"""
+    ParticleX: float
+    """birth place, pixels from the emitter"""
+    ParticleXVar: float
+    """variance of `ParticleX`"""
+    ParticleY: float
+    """birth place, pixels from the emitter"""
+    ParticleYVar: float
+    """variance of `ParticleY`"""
+    Life: float
+    """life at birth, 0 to 100; a particle loses 10 per second"""
+    LifeVar: float
+    """variance of `Life`"""
+    Attenuation: float
+    """free for scripts: particles keep a loss of their own"""
+    BeginSize: float
+    """size at birth, pixels"""
+    BeginSizeVar: float
+    """variance of `BeginSize`"""
+    EndSize: float | str
+    """size at death, pixels, or "Begin" """
+    EndSizeVar: float | str
+    """variance of `EndSize`; "Begin" is that of `BeginSize`"""
+    BeginAngle: float
+    """angle at birth, degrees"""
+    BeginAngleVar: float
+    """variance of `BeginAngle`"""
+    EndAngle: float | str
+    """angle at death, degrees, or "Begin" """
+    EndAngleVar: float | str
+    """variance of `EndAngle`; "Begin" is that of `BeginAngle`"""
+    Direction: float
+    """direction of emission, degrees, 90 is down"""
+    DirectionVar: float
+    """variance of `Direction`"""
+    Speed: float
+    """speed at birth in "Gravity" mode, pixels per second"""
+    SpeedVar: float
+    """variance of `Speed`"""
+    BeginColor: pygame.Color
+    """colour at birth"""
+    BeginColorVar: pygame.Color
+    """variance of each component of `BeginColor`"""
+    EndColor: pygame.Color | str
+    """colour at death, or "Begin" """
+    EndColorVar: pygame.Color | str
+    """variance of each component of `EndColor`; "Begin" is that of `BeginColor`"""
+    Imagefile: _ImageFiles
+    """picture of every particle, or None"""
+    ParticleMode: str | None
+    """active movement mode: "Gravity", anything else is a circle"""
+    blendtype: int
+    """blend flag of every particle"""
+    BeginRadius: float
+    """radius at birth in "Circle" mode, pixels"""
+    BeginRadiusVar: float
+    """variance of `BeginRadius`"""
+    EndRadius: float | str
+    """radius at death, pixels, or "Begin" """
+    EndRadiusVar: float | str
+    """variance of `EndRadius`; "Begin" is that of `BeginRadius`"""
+    RotateSpeed: float
+    """degrees per second on the circle"""
+    RotateSpeedVar: float
+    """variance of `RotateSpeed`"""
+    Gravity: pygame.math.Vector2
+    """acceleration of all particles, pixels per second squared"""
+    Tangentialaccel: float
+    """acceleration across the way from the emitter"""
+    TangentialaccelVar: float
+    """variance of `Tangentialaccel`"""
+    Radialaccel: float
+    """acceleration away from the emitter"""
+    RadialaccelVar: float
+    """variance of `Radialaccel`"""
+    running: bool
+    """whether particles are emitted"""
+
+    def __init__(
+        self,
+        parent: GameNode | None,
+        x: float = 0,
+        y: float = 0,
+        particleMode: str = "Gravity",
+        particleTotal: int = 250,
+    ) -> None: ...
+    def GetPlistFile(self) -> str | None:
+        """Return `plistFile`: path of the definition file loaded last, or None"""
+
+    def GetParticleTotal(self) -> int:
+        """Return `ParticleTotal`: most particles at once"""
+
+    def SetParticleTotal(self, value: int) -> None:
+        """Set `ParticleTotal`: most particles at once"""
+
+    def GetImage(self) -> _ImageFiles:
+        """Return `Imagefile`: picture of every particle, or None"""
+
+    def SetImage(self, value: _ImageFiles) -> None:
+        """Set `Imagefile`: picture of every particle, or None"""
+
+    def GetParticleMode(self) -> str | None:
+        """Return `ParticleMode`: active movement mode: "Gravity", anything else is a circle"""
+
+    def SetParticleMode(self, value: str | None) -> None:
+        """Set `ParticleMode`: active movement mode: "Gravity", anything else is a circle"""
+
+    def GetBlendType(self) -> int:
+        """Return `blendtype`: blend flag of every particle"""
+
+    def SetCircleMode(
+        self,
+        BeginRadius: float,
+        startRadiusvar: float,
+        endRadius: float | str,
+        endRadiusvar: float | str,
+        rotateSpeed: float,
+        rotateSpeedvar: float,
+    ) -> None:
+        """Move particles on circles about the emitter: radii in pixels, speed in degrees per
+        second, each with its variance.
+        """
+
+    def SetGravityMode(
+        self,
+        posx: float,
+        posxvar: float,
+        posy: float,
+        posyvar: float,
+        gravity: pygame.math.Vector2,
+        radialaccel: float,
+        radialaccelvar: float,
+        tangentialaccel: float,
+        tangentialaccelvar: float,
+        speed: float,
+        speedvar: float,
+    ) -> None:
+        """Move particles by velocity and accelerations, from a birth place: pixels and seconds,
+        each with its variance.
+
+        `gravity` is kept as it is: changed in place it counts.
+        """
+
+    def SetBlendType(self, blendtype: str | int) -> None:
+        """ "ADD" and "SUB" select pygame's BLEND_ADD and BLEND_SUB, any other text BLEND_MULT,
+        which is drawn as a plain blit; a flag is kept as it is. Living particles follow.
+        """
+
+    def Run(self) -> None:
+        """Emit from now on."""
+
+    def Pause(self) -> None:
+        """Emit no more; living particles go on."""
+
+    def IsFull(self) -> bool:
+        """Return whether there are exactly as many particles as there may be."""
+
+    def CleanUp(self) -> None:
+        """Remove the particles and set the parameters to 0, sizes and colours to their first
+        values.
+
+        The pool then has no room: `ParticleTotal` is 0. Mode, picture, radii and accelerations
+        stay.
+        """
+
+    def AddParticle(self) -> None:
+        """Create a particle, fill it by initParticle and put it into the pool, unless IsFull().
+
+        It is made by `Tessora.Particle`, which a script may replace.
+        """
+
+    def initParticle(self, particle: Particle) -> None:
+        """Fill a new particle with values drawn from the parameters.
+
+        The random numbers are drawn in this order: life, size, end size, angles, colours by
+        component, x, y, direction, then what the movement mode needs; none for an end value
+        "Begin".
+        """
+
+    def RandomAB(self, a: float, b: float) -> float:
+        """Return a random number from `a` up to but not including `b`, by random.random()."""
+
+    def update(self, delay: float) -> None:
+        """Advance by `delay` seconds: other children, actions, update function; then emit while
+        `running` is true, and step every particle.
+
+        Raises ZeroDivisionError for an `EmissionRate` of 0 while running.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the particles, the overlays, the other children and, at the mouse position, how
+        many particles there are; then remove the dead ones.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
+
+    def InitPS_Comet(self) -> None:
+        """A comet: a bright head with a tail to the upper right.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Galaxy(self) -> None:
+        """A galaxy: a spiral arm that winds outwards.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Explosion(self) -> None:
+        """An explosion: sparks in all directions for one second.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Flower(self) -> None:
+        """A flower: a yellow centre amid pink petals.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Sun(self) -> None:
+        """A sun: a glowing ball.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Rain(self) -> None:
+        """Rain: drops that fall from a line 560 pixels wide.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Snow(self) -> None:
+        """Snow: flakes that sink and drift from a line 800 pixels wide.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Smoke(self) -> None:
+        """Smoke: a grey column that rises.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_Fire(self) -> None:
+        """A fire: flames that narrow upwards.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def InitPS_FireWork(self) -> None:
+        """A firework: a fountain of coloured sparks.
+
+        Removes the particles and replaces all parameters; the picture is the game's "fire.png".
+        Emission begins with Run().
+        """
+
+    def LoadFromFile(self, file: _File) -> None:
+        """Read a definition file, named without its folder, through `Res`, and run.
+
+        CleanUp() comes first and is all that happens for an unknown name. A file that is
+        damaged, or has values of a wrong kind, raises an error that names it; nothing of it is
+        taken over then. Raises AttributeError while `Tessora.Res` is not set.
+        """
+
+    def SaveToFile(self, file: _File) -> None:
+        """Write the parameters of the active mode to a definition file at that path, whole or not
+        at all.
+
+        Raises TypeError or ValueError for parameters that cannot be saved and OSError for a
+        path that cannot be written.
+        """
+
+    def SetData(self, dataname: str, datavalue: Any) -> None:
+        """Set a parameter by its key in definition files, or as "direction", "directionVariance"
+        or "speed".
+
+        End values take "Begin" in any case; other values are converted as on loading. Unknown
+        names do nothing.
+        """
+
+    def GetData(self, dataname: str) -> Any:
+        """Return a parameter by such a name, None for an unknown one."""
+
+@_disjoint_base
+class Particle(GUI_Image):
+    """A short-lived picture that an emitter creates, steps and draws.
+
+    `parent` is the emitter; `x` and `y` place the centre relative to it, in pixels. Size,
+    colour and angle run from their begin to their end values over the life; the end value
+    "Begin" keeps the begin value.
+    """
+
+    BeginLife: float
+    """life at birth"""
+    Attenuation: float
+    """life lost per second"""
+    CurrLife: float
+    """life that is left"""
+    BeginSize: float
+    """width and height at birth, pixels"""
+    EndSize: float | str
+    """width and height at death, pixels, or "Begin" """
+    BeginAngle: float
+    """angle at birth, degrees"""
+    EndAngle: float | str
+    """angle at death, degrees, or "Begin" """
+    BeginColor: pygame.Color
+    """colour at birth"""
+    EndColor: pygame.Color | str
+    """colour at death, or "Begin" """
+    lifeProgress: float
+    """0 at birth, 1 at death"""
+    Direction: pygame.math.Vector2
+    """velocity in "Gravity" mode, pixels per second"""
+    RadialAccel: float
+    """acceleration away from the emitter, pixels per second squared"""
+    TangentialAccel: float
+    """acceleration across that, pixels per second squared"""
+    BeginRadius: float
+    """radius at birth in "Circle" mode, pixels"""
+    EndRadius: float | str
+    """radius at death, pixels, or "Begin" """
+    RotateValue: float
+    """angle on the circle, degrees"""
+    RotateSpeed: float
+    """degrees per second on the circle"""
+    ParticleMode: str | None
+    """ "Gravity" or "Circle", set by the emitter"""
+
+    def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
+    def GetBeginLife(self) -> float:
+        """Return `BeginLife`: life at birth"""
+
+    def GetCurrLife(self) -> float:
+        """Return `CurrLife`: life that is left"""
+
+    def GetBeginSize(self) -> float:
+        """Return `BeginSize`: width and height at birth, pixels"""
+
+    def SetBeginSize(self, value: float) -> None:
+        """Set `BeginSize`: width and height at birth, pixels"""
+
+    def GetEndSize(self) -> float | str:
+        """Return `EndSize`: width and height at death, pixels, or "Begin" """
+
+    def SetEndSize(self, value: float | str) -> None:
+        """Set `EndSize`: width and height at death, pixels, or "Begin" """
+
+    def GetBeginAngle(self) -> float:
+        """Return `BeginAngle`: angle at birth, degrees"""
+
+    def SetBeginAngle(self, value: float) -> None:
+        """Set `BeginAngle`: angle at birth, degrees"""
+
+    def GetEndAngle(self) -> float | str:
+        """Return `EndAngle`: angle at death, degrees, or "Begin" """
+
+    def SetEndAngle(self, value: float | str) -> None:
+        """Set `EndAngle`: angle at death, degrees, or "Begin" """
+
+    def GetBeginColor(self) -> pygame.Color:
+        """Return `BeginColor`: colour at birth"""
+
+    def SetBeginColor(self, r: int, g: int, b: int, a: int = 255) -> None:
+        """Set `BeginColor`: colour at birth; components from 0 to 255."""
+
+    def GetEndColor(self) -> pygame.Color | str:
+        """Return `EndColor`: colour at death, or "Begin" """
+
+    def GetModeA_Direction(self) -> pygame.math.Vector2:
+        """Return `Direction`: velocity in "Gravity" mode, pixels per second"""
+
+    def SetModeA_Direction(self, value: pygame.math.Vector2) -> None:
+        """Set `Direction`: velocity in "Gravity" mode, pixels per second"""
+
+    def GetModeA_RadialAccel(self) -> float:
+        """Return `RadialAccel`: acceleration away from the emitter, pixels per second squared"""
+
+    def SetModeA_RadialAccel(self, value: float) -> None:
+        """Set `RadialAccel`: acceleration away from the emitter, pixels per second squared"""
+
+    def GetModeA_TangentialAccel(self) -> float:
+        """Return `TangentialAccel`: acceleration across that, pixels per second squared"""
+
+    def SetModeA_TangentialAccel(self, value: float) -> None:
+        """Set `TangentialAccel`: acceleration across that, pixels per second squared"""
+
+    def GetModeB_BeginRaidus(self) -> float:
+        """Return `BeginRadius`: radius at birth in "Circle" mode, pixels"""
+
+    def SetModeB_BeginRaidus(self, value: float) -> None:
+        """Set `BeginRadius`: radius at birth in "Circle" mode, pixels"""
+
+    def GetModeB_EndRaidus(self) -> float | str:
+        """Return `EndRadius`: radius at death, pixels, or "Begin" """
+
+    def SetModeB_EndRaidus(self, value: float | str) -> None:
+        """Set `EndRadius`: radius at death, pixels, or "Begin" """
+
+    def GetModeB_RotateValue(self) -> float:
+        """Return `RotateValue`: angle on the circle, degrees"""
+
+    def SetModeB_RotateValue(self, value: float) -> None:
+        """Set `RotateValue`: angle on the circle, degrees"""
+
+    def GetModeB_RotateSpeed(self) -> float:
+        """Return `RotateSpeed`: degrees per second on the circle"""
+
+    def SetModeB_RotateSpeed(self, value: float) -> None:
+        """Set `RotateSpeed`: degrees per second on the circle"""
+
+    def GetParticleMode(self) -> str | None:
+        """Return `ParticleMode`: "Gravity" or "Circle", set by the emitter"""
+
+    def SetParticleMode(self, value: str | None) -> None:
+        """Set `ParticleMode`: "Gravity" or "Circle", set by the emitter"""
+
+    def SetBeginLife(self, value: float) -> None:
+        """Set `BeginLife` and `CurrLife`: the particle is newly born."""
+
+    def SetEndColor(self, r: int | str, g: int | str, b: int | str, a: int | str = 255) -> None:
+        """Set `EndColor`, components from 0 to 255; with "Begin" as `r` the colour stays what it
+        is at birth.
+
+        Raises ValueError for components out of range.
+        """
+
+    def GetLifeProgress(self) -> float:
+        """Compute `lifeProgress` anew and return it.
+
+        Raises ZeroDivisionError if `BeginLife` is 0.
+        """
+
+    def IsDead(self) -> bool:
+        """Return whether no life is left."""
+
+    def update(self, delay: float) -> None:
+        """Live for `delay` seconds: lose life, then set size, colour and angle for the life that
+        is left.
+
+        A dead particle keeps its looks. Children, actions and the update function are not run.
+        """
+
+    def UpdateGravity(self, delay: float, gravity: pygame.math.Vector2) -> None:
+        """Move for `delay` seconds by the velocity `Direction`, which `gravity` and the radial and
+        tangential accelerations change first.
+        """
+
+    def UpdateCircle(self, delay: float) -> None:
+        """Move for `delay` seconds on the circle about the emitter, whose radius follows
+        `lifeProgress`.
+        """
+
+    def draw(
+        self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
+    ) -> None:
+        """Draw the particle as an image.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
 
 @_disjoint_base
 class PyGameResManager:
@@ -1430,34 +4038,34 @@ class PyGameResManager:
     soundPlayCount: int
     """The next sound's number."""
 
-    def __init__(self, resdir: str) -> None: ...
-    def SetFontDir(self, path: str) -> None:
+    def __init__(self, resdir: _File) -> None: ...
+    def SetFontDir(self, path: str | None) -> None:
         """Set `fontdir`: Folder of the fonts; stored for scripts."""
 
-    def FoundAllResFile(self, parentDir: str, dirType: str | None = None) -> None:
+    def GetSceneList(self) -> list[str]:
+        """Return `SceneJsonDict`: List of the scenes' names."""
+
+    def FoundAllResFile(self, parentDir: _File, dirType: str | None = None) -> None:
         """Add the files of a folder and of all folders below it to the index.
 
         `dirType` is the name of the top-level folder that is being read: files in "Scene" that
         have a "_Res.Json" file beside them are scenes.
         """
 
-    def AddNewResFile(self, filePath: str) -> None:
+    def AddNewResFile(self, filePath: _File) -> None:
         """Add one file to the index, which need not exist yet."""
 
-    def GetResPath(self, filename: str) -> str | None:
+    def GetResPath(self, filename: _File) -> str | None:
         """Return the full path of a file named without its folder, or None if it is unknown."""
 
-    def GetSceneList(self) -> list[str]:
-        """Return `SceneJsonDict`: List of the scenes' names."""
-
-    def LoadImage(self, fileName: str) -> pygame.Surface | None:
+    def LoadImage(self, fileName: _File) -> pygame.Surface | None:
         """Return an image file as a surface with per-pixel alpha; later calls share it.
 
         Returns None for an unknown name, and for a file that does not load: the error is
         printed then.
         """
 
-    def ManageImageMemory(self, fileName: str) -> None:
+    def ManageImageMemory(self, fileName: _File) -> None:
         """Note an image's use: its name moves to the end of the list of recent images.
 
         Prints a line about it.
@@ -1466,16 +4074,16 @@ class PyGameResManager:
     def ReleaseAllImageMemeory(self) -> None:
         """Forget all loaded images and count them from 0 again."""
 
-    def GetImageListFiles(self, fileName: str) -> list[str]:
+    def GetImageListFiles(self, fileName: _File) -> list[str]:
         """Return the paths of the PNG files that number the frames of one sequence.
 
         `fileName` is one of them, such as walk_02.png. Every PNG file whose path begins like
         the part before the number counts, in the order of the file system: sort the list if the
         order matters. A file without a number is returned alone, an unknown one gives an empty
-        list. Raises UnboundLocalError for a path with neither an underscore nor an extension.
+        list. Raises UnboundLocalError for a path without underscore and extension.
         """
 
-    def PlayMusic(self, fileName: str, loopcount: int = 0) -> None:
+    def PlayMusic(self, fileName: _File, loopcount: int = 0) -> None:
         """Play a music file in place of the one that is playing; an unknown name does nothing.
 
         `loopcount` is how often it is repeated after the first time, -1 for without end. Raises
@@ -1485,7 +4093,7 @@ class PyGameResManager:
     def StopMusic(self) -> None:
         """Stop the music."""
 
-    def PlaySound(self, fileName: str) -> int:
+    def PlaySound(self, fileName: _File) -> int:
         """Play a sound file and return its number for StopSound, or -1 for an unknown name.
 
         Every call loads the file again and keeps the sound. Raises pygame.error for a file that
@@ -1496,7 +4104,7 @@ class PyGameResManager:
         """Stop the sound of that number; unknown numbers are ignored."""
 
     def GetFont(
-        self, ttfFile: str, fontSize: int, bold: bool = False, italic: bool = False
+        self, ttfFile: _File, fontSize: int, bold: bool = False, italic: bool = False
     ) -> pygame.font.Font | None:
         """Return a new pygame.font.Font from a font file, or None for an unknown name.
 
@@ -1520,16 +4128,19 @@ class GAction:
     """Whether the action has finished."""
 
     def __init__(self) -> None: ...
-    def SetTarget(self, targetNode: GameNode | None) -> None:
-        """Set `targetNode`: The node that the action works on, or None."""
-
     def IsRunning(self) -> bool:
         """Return `running`: Whether the action was started and is not paused. It stays true at the
         end.
         """
 
+    def SetTarget(self, targetNode: GameNode | None) -> None:
+        """Set `targetNode`: The node that the action works on, or None."""
+
     def GetRunTime(self) -> float:
         """Return `runtime`: Seconds since the last Run."""
+
+    def IsOver(self) -> bool:
+        """Return `over`: Whether the action has finished."""
 
     def Run(self) -> None:
         """Start the action, or start it again from the beginning."""
@@ -1545,9 +4156,6 @@ class GAction:
 
         `runtime` is kept until the next Run.
         """
-
-    def IsOver(self) -> bool:
-        """Return `over`: Whether the action has finished."""
 
     def update(self, delay: float) -> None:
         """Add `delay` seconds to the run time, unless the action is paused or over."""
@@ -1727,7 +4335,9 @@ class BlinkAction(GAction):
 
     def __init__(self, duration: float, blinkcount: int = -1) -> None: ...
     def Run(self) -> None:
-        """Start the action; without a target nothing happens. Blinks so far are kept."""
+        """Start the action; without a target nothing happens. Blinks so far are kept: an action
+        that has ended never ends a second time.
+        """
 
     def update(self, delay: float) -> None:
         """Add `delay` seconds and hide or show the node with SetVisible.
@@ -1752,7 +4362,8 @@ class ActionPlayer(GAction):
     def AddActions(self, *groups: Sequence[GAction]) -> None:
         """Take the groups, each a sequence of actions, and give every action the player's target.
 
-        Only the first group is played. Raises AttributeError before SetTarget.
+        Only the first group is played. Raises AttributeError before SetTarget, and TypeError
+        for what is no action: the player is then left as it was.
         """
 
     def CleanUp(self) -> None:

@@ -1,7 +1,7 @@
 // What the module takes over from the host's library into its own name space.
 #pragma once
 
-#include "engine/host/ref.hpp"
+#include "engine/host/value.hpp"
 
 namespace tessora {
 
