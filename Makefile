@@ -1,24 +1,30 @@
-# The work is done by tools/dev.py, which runs on any host; this file only finds one.
+# The work is done by tools/dev.py, which runs on any Python; this file only finds one.
 #
-#   PYTHON=...   the host to use (else the first of python3.8 and python3 that runs)
+#   PYTHON=...   the Python to use (else the first of python3.8 and python3 that runs)
 #   VENV=...     the virtual environment (.venv)
 #   ARGS=...     more arguments for the command, for example ARGS="-k label -x"
+#   FILE=...     the script that "make run" runs
+#   GAME=...     the game that "make demo" plays, a folder of examples/ (star_catcher)
 
 VENV ?= .venv
 ARGS ?=
+GAME ?= star_catcher
 
-commands := test demo bench build asan clang lint format stubs-check wheel-check windows-check test-all
+commands := test demo run bench build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
 
 help:
-	@echo "make demo           play the demo game"
+	@echo "make demo           play the demo game; GAME=platformer plays the other one"
+	@echo "make run FILE=...   run a script of yours with the module, in the same environment"
 	@echo "make test           build the module and run the tests"
+	@echo "make test-ce        the tests with pygame-ce in place of pygame"
 	@echo "make test-all       the tests on every Python found, with pygame and pygame-ce"
 	@echo "make bench          measure the engine, as a table of ratios"
 	@echo "make asan           the tests under AddressSanitizer and UBSan (Linux)"
-	@echo "make lint           clang-format, clang-tidy and ruff"
+	@echo "make lint           clang-format, clang-tidy, ruff and the project's rules"
 	@echo "make format         lay out all sources with clang-format and ruff"
+	@echo "make stubs          write Tessora.pyi from what the built module says of itself"
 	@echo "make stubs-check    compare Tessora.pyi with the built module"
-	@echo "make wheel-check    build a wheel, install it, import it, type-check with it"
+	@echo "make wheel-check    build source package and wheel, install, import, type-check"
 	@echo "make windows-check  compile and link for 64-bit Windows with MinGW"
 	@echo "make clang          build with clang++, warnings as errors"
 	@echo "make build          build the module only"
@@ -29,7 +35,7 @@ $(commands):
 	for python in "$$@"; do \
 	  if "$$python" -c '' >/dev/null 2>&1; then \
 	    if "$$python" -c 'import sys; sys.exit(sys.version_info < (3, 8))'; then \
-	      exec "$$python" tools/dev.py --venv '$(VENV)' $@ $(ARGS); \
+	      exec "$$python" tools/dev.py --venv '$(VENV)' $@ $(if $(filter run,$@),'$(FILE)') $(if $(filter demo,$@),'$(GAME)') $(ARGS); \
 	    fi; \
 	    old="$$python"; \
 	  fi; \

@@ -19,7 +19,7 @@ nox.options.reuse_existing_virtualenvs = True
 nox.options.error_on_missing_interpreters = True
 
 # Sessions carry short names, and a bare "python3.8" on the path may be a version manager's
-# placeholder that does not run: the folders of the hosts found come first.
+# placeholder that does not run: the folders of those found come first.
 os.environ["PATH"] = os.pathsep.join(
     [os.path.dirname(path) for path in FOUND.values()] + [os.environ["PATH"]]
 )
@@ -41,6 +41,6 @@ def tests(session):
 
 @nox.session(python=sorted({NAMES[0], NAMES[-1]}, key=NAMES.index))
 def tests_ce(session):
-    """With pygame-ce, on the oldest and the newest host."""
+    """With pygame-ce, on the oldest and the newest Python."""
     session.install("-r", "tools/requirements-test-ce.txt")
     run_tests(session)

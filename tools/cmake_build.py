@@ -1,7 +1,8 @@
-"""Builds the module with CMake: one folder per host version and flavour, incrementally."""
+"""Builds the module with CMake: one folder per Python version and flavour, incrementally."""
 
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -20,6 +21,7 @@ from common import (
 )
 
 CMAKE_MINIMUM = (3, 20)
+ON_WINDOWS = os.name == "nt"
 
 _CPP20_PROBE = """
 #include <concepts>
@@ -50,14 +52,18 @@ class Build:
                 f"{base_python()} has no header files (Python.h): install them "
                 "(Debian, Ubuntu: apt install python3-dev)."
             )
-        if os.name != "nt":
-            self.compiler, self.compiler_version = self._find_compiler()
+        self.compiler, self.compiler_version = self._find_compiler()
 
     def list_sources(self):
         """Brings the list of compile commands up to date with the files that are there."""
         self.configure()
         if output_of([self.cmake, "-S", str(ROOT), "-B", str(self.folder)]) is None:
             raise Problem("CMake could not list the sources; `make clean` and try again.")
+        if not (self.folder / "compile_commands.json").exists():
+            raise Problem(
+                "CMake writes no list of compile commands for Visual Studio: install clang or "
+                "MinGW and name it in CXX (set CXX=clang++)."
+            )
 
     def configure(self):
         self.cmake, version = self._find_cmake()
@@ -90,6 +96,9 @@ class Build:
         if done.returncode:
             sys.stderr.write(done.stdout)
             raise Problem("CMake could not configure the build (its own words are above).")
+        compiler = re.search(r"CXX compiler identification is (.*)", done.stdout)
+        if compiler:
+            print(f"Compiler: {compiler.group(1)}", flush=True)
         self.record_file.write_text(json.dumps(record), encoding="utf-8")
 
     def build(self):
@@ -103,7 +112,7 @@ class Build:
 
     def module_folder(self):
         """Where the built module lies (generators for several configurations add a folder)."""
-        pattern = "Tessora*.pyd" if os.name == "nt" else "Tessora*.so"
+        pattern = "Tessora*.pyd" if ON_WINDOWS else "Tessora*.so"
         for folder in (self.folder, self.folder / "Release"):
             if any(folder.glob(pattern)):
                 return folder
@@ -132,16 +141,28 @@ class Build:
         return path, version
 
     def _find_compiler(self):
+        """The compiler's path and version; no path for Visual C++, which CMake finds itself.
+
+        Visual C++ goes before a MinGW that is on the path: it is what `pip install` uses there.
+        """
         names = [self.compiler] if self.compiler else []
         if not names and os.environ.get("CXX"):
             names = [os.environ["CXX"]]
+        if ON_WINDOWS and not names:
+            visual = _visual_cpp_version()
+            if visual:
+                return None, visual
         path, version = find_program(*(names or ["c++", "g++", "clang++"]))
         if not path:
             called = f" called {names[0]}" if names else ""
-            raise Problem(
-                f"No C++ compiler{called}: install g++ 12 or clang 14 or newer "
-                "(Debian, Ubuntu: apt install g++; macOS: xcode-select --install)."
-            )
+            if ON_WINDOWS:
+                advice = 'Visual Studio 2022 or its build tools, "Desktop development with C++".'
+            else:
+                advice = (
+                    "g++ 12 or clang 14 or newer "
+                    "(Debian, Ubuntu: apt install g++; macOS: xcode-select --install)."
+                )
+            raise Problem(f"No C++ compiler{called}: install {advice}")
         return path, version
 
     def _check_cpp20(self):
@@ -159,17 +180,28 @@ class Build:
             )
 
     def _find_generator(self):
+        if not self.compiler:
+            return []  # CMake's own choice is the newest Visual Studio.
         ninja, _ = find_program("ninja")
         if ninja:
             return ["-GNinja", f"-DCMAKE_MAKE_PROGRAM={ninja}"]
-        if os.name == "nt":
-            return []
-        make, _ = find_program("make", "gmake")
+        make, _ = find_program("make", "gmake") if not ON_WINDOWS else (None, None)
         if make:
             return ["-GUnix Makefiles", f"-DCMAKE_MAKE_PROGRAM={make}"]
         self.environment.add("build")
-        ninja = self.environment.scripts() / "ninja"
+        ninja = self.environment.scripts() / ("ninja.exe" if ON_WINDOWS else "ninja")
         return ["-GNinja", f"-DCMAKE_MAKE_PROGRAM={ninja}"]
+
+
+def _visual_cpp_version():
+    """The version of the newest Visual Studio with a C++ compiler, or None."""
+    programs = os.environ.get("PROGRAMFILES(X86)")
+    if not programs:
+        return None
+    query = Path(programs) / "Microsoft Visual Studio" / "Installer" / "vswhere.exe"
+    tools = "Microsoft.VisualStudio.Component.VC.Tools.x86.x64"
+    options = ["-latest", "-products", "*", "-requires", tools, "-property", "installationVersion"]
+    return output_of([query, *options]) or None
 
 
 def _cmake_on_path(folder):

@@ -27,16 +27,35 @@ def prepare(environment, *groups, **options):
     return build
 
 
-def test(environment, args):
-    build = prepare(environment, "test")
+def test(environment, args, group="test"):
+    build = prepare(environment, group)
     command = [environment.python, "-X", "dev", "-m", "pytest", *args]
     run(command, env=build.run_environment(**HEADLESS))
 
 
+def test_ce(environment, args):
+    test(environment.beside("-ce"), args, "test-ce")
+
+
 def demo(environment, args):
+    game, args = (args[0], args[1:]) if args else ("star_catcher", args)
+    script = ROOT / "examples" / game / "main.py"
+    if not script.is_file():
+        games = ", ".join(sorted(path.parent.name for path in script.parents[1].glob("*/main.py")))
+        raise Problem(f"there is no game {game}; there are {games}.")
     build = prepare(environment, "test")
-    script = ROOT / "examples" / "star_catcher" / "main.py"
     run([environment.python, script, *args], env=build.run_environment())
+
+
+def run_script(environment, args):
+    if not args or not args[0]:
+        raise Problem("which script? make run FILE=game.py (Windows: py tools\\dev.py run game.py)")
+    script = Path(args[0]).resolve()
+    if not script.is_file():
+        raise Problem(f"there is no file {script}.")
+    build = prepare(environment, "test")
+    # In the caller's folder, where a game run by hand would look for its files.
+    run([environment.python, script, *args[1:]], env=build.run_environment(), cwd=os.getcwd())
 
 
 def bench(environment, args):
@@ -64,7 +83,7 @@ def asan(environment, args):
         raise Problem("make asan runs on Linux only: it preloads the sanitizers' run-time library.")
     build = prepare(environment, "test", flavour="asan", options=["-DTESSORA_SANITIZE=ON"])
     env = build.run_environment(
-        # The host's own allocator would hide overruns inside its pools.
+        # Python's own allocator would hide overruns inside its pools.
         PYTHONMALLOC="malloc",
         # The interpreter itself keeps memory at exit, so the report of leaks says nothing about
         # the engine; the tests count allocated blocks and objects instead.
@@ -100,18 +119,18 @@ def _sanitizer_libraries(compiler):
     return found
 
 
+def stubs(environment, args):
+    build = prepare(environment, "test", "ruff")
+    command = [environment.python, ROOT / "tools" / "stubs.py", *args]
+    run(command, env=build.run_environment(**HEADLESS))
+
+
 def stubs_check(environment, args):
-    build = prepare(environment, "test", "stubs")
+    build = prepare(environment, "test", "ruff", "stubs")
     env = build.run_environment(MYPYPATH=str(ROOT), **HEADLESS)
+    run([environment.python, ROOT / "tools" / "stubs.py", "--check"], env=env)
     run([environment.python, "-m", "mypy"], env=env)
     run([*stubtest_command(environment.python), *args], env=env)
-    run([environment.python, ROOT / "tools" / "stub_docs.py"], env=env)
-
-
-def stubs_docs(environment, args):
-    build = prepare(environment, "test")
-    command = [environment.python, ROOT / "tools" / "stub_docs.py", "--fix", *args]
-    run(command, env=build.run_environment(**HEADLESS))
 
 
 def wheel_check(environment, args):
@@ -122,14 +141,14 @@ def wheel_check(environment, args):
 def lint(environment, args):
     build = Build(environment)
     build.check_host()
-    environment.ensure("lint")
+    environment.ensure("lint", "ruff")
     build.list_sources()
     command = [environment.python, ROOT / "tools" / "lint.py", "--build", build.folder]
     run(command + args)
 
 
 def format_sources(environment, args):
-    environment.ensure("lint")
+    environment.ensure("lint", "ruff")
     run([environment.python, ROOT / "tools" / "lint.py", "--fix", *args])
 
 
@@ -150,10 +169,12 @@ COMMANDS = {
     "demo": demo,
     "format": format_sources,
     "lint": lint,
+    "run": run_script,
+    "stubs": stubs,
     "stubs-check": stubs_check,
-    "stubs-docs": stubs_docs,
     "test": test,
     "test-all": test_all,
+    "test-ce": test_ce,
     "wheel-check": wheel_check,
     "windows-check": check_for_windows,
 }

@@ -62,11 +62,14 @@ class CurrentEnvironment:
     def add(self, group):
         _pip_install(self.python, group)
 
+    def beside(self, suffix):
+        return self
+
 
 class VirtualEnvironment:
-    """A virtual environment of the running interpreter's host.
+    """A virtual environment of the running interpreter's Python.
 
-    Its record says which host it was made from and which requirement files it holds. The record
+    Its record says which Python it was made from and which requirement files it holds. The record
     is away while anything is being installed, so that an interrupted run is noticed and the
     environment made anew.
     """
@@ -98,6 +101,10 @@ class VirtualEnvironment:
 
     def add(self, group):
         self.ensure(group)
+
+    def beside(self, suffix):
+        """Another environment, for requirements that do not go together with those here."""
+        return VirtualEnvironment(self.folder.with_name(self.folder.name + suffix))
 
     def _load(self):
         try:

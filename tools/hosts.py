@@ -58,7 +58,7 @@ def find():
 
 
 def main():
-    """Print the path of one host: python hosts.py oldest | newest | 3.8 ..."""
+    """Print the path of one Python: python hosts.py oldest | newest | 3.8 ..."""
     wanted = sys.argv[1]
     found = find()
     names = list(found)

@@ -1,4 +1,5 @@
-"""clang-format, clang-tidy and ruff over the whole repository, as errors."""
+"""clang-format, clang-tidy, ruff and the project's own rules over the whole repository, as
+errors."""
 
 import argparse
 import hashlib
@@ -10,6 +11,7 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
+import lint_rules
 from common import BUILD, ROOT, clean_environment
 
 SCRIPTS = Path(sys.executable).parent
@@ -41,6 +43,13 @@ def ruff(fix):
     checked = call("ruff check", [tool("ruff"), "check", "--quiet", *(["--fix"] if fix else [])])
     mode = [] if fix else ["--check", "--diff"]
     return call("ruff format", [tool("ruff"), "format", "--quiet", *mode]) and checked
+
+
+def own_rules():
+    print("rules of the project", flush=True)
+    faults = lint_rules.check(ROOT, sources("*.cpp", "*.hpp"))
+    print("".join(fault + "\n" for fault in faults), end="", flush=True)
+    return not faults
 
 
 def tidy(build):
@@ -97,7 +106,7 @@ def main():
     options = parser.parse_args()
     good = [layout(options.fix), ruff(options.fix)]
     if not options.fix:
-        good.append(tidy(options.build))
+        good += [own_rules(), tidy(options.build)]
     if not all(good):
         sys.exit("error: lint found the faults above.")
 

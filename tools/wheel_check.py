@@ -1,14 +1,32 @@
-"""Builds a wheel as an author's pip would, installs it into an environment of its own, and sees
-that the module imports there and that a type checker finds its stubs."""
+"""Builds the source package and from it a wheel, as an author's pip would, installs that into an
+environment of its own, and sees that the module imports there and that a type checker finds its
+stubs."""
 
 import os
 import shutil
 import subprocess
 import sys
+import tarfile
 
-from common import BUILD, TOOLS, Problem, base_python, clean_environment, run, stubtest_command
+from common import (
+    BUILD,
+    ROOT,
+    TOOLS,
+    Problem,
+    base_python,
+    clean_environment,
+    run,
+    stubtest_command,
+)
 
 FOLDER = BUILD / "wheel-check"
+DIST = FOLDER / "dist"
+
+# What a source package holds beside the sources of engine/ and module/.
+PACKAGED = """
+    CHANGELOG.md CMakeLists.txt LICENSE PKG-INFO README.md Tessora.pyi docs/demo.png py.typed
+    pyproject.toml
+""".split()
 
 SCRIPT = """\
 import Tessora
@@ -30,17 +48,42 @@ def main():
     if FOLDER.exists():
         shutil.rmtree(str(FOLDER))
     FOLDER.mkdir(parents=True)
-    pip = ["-m", "pip", "--disable-pip-version-check", "-q"]
     run([base_python(), "-m", "venv", FOLDER / "venv"])
     python = FOLDER / "venv" / ("Scripts" if os.name == "nt" else "bin") / "python"
-    print("Building a wheel ...", flush=True)
-    run([python, *pip, "wheel", "--no-deps", "--wheel-dir", FOLDER / "dist", "."])
-    wheels = list((FOLDER / "dist").glob("*.whl"))
-    print(f"Installing {wheels[0].name} ...", flush=True)
-    for group in ("test", "stubs"):
-        run([python, *pip, "install", "-r", TOOLS / f"requirements-{group}.txt"])
-    run([python, *pip, "install", "--no-deps", *wheels])
+    pip = [python, "-m", "pip", "--disable-pip-version-check", "-q"]
+    for group in ("package", "test", "stubs"):
+        run([*pip, "install", "-r", TOOLS / f"requirements-{group}.txt"])
+    print("Building the source package ...", flush=True)
+    run([python, "-m", "build", "--sdist", "--outdir", DIST, "."])
+    source = only("*.tar.gz")
+    check_contents(source)
+    print(f"Building a wheel from {source.name} ...", flush=True)
+    run([*pip, "wheel", "--no-deps", "--wheel-dir", DIST, source])
+    wheel = only("*.whl")
+    print(f"Installing {wheel.name} ...", flush=True)
+    run([*pip, "install", "--no-deps", wheel])
+    check_installed(python)
 
+
+def only(pattern):
+    (path,) = DIST.glob(pattern)
+    return path
+
+
+def check_contents(source):
+    with tarfile.open(str(source)) as package:
+        found = {name.split("/", 1)[1] for name in package.getnames()}
+    expected = set(PACKAGED)
+    for top in ("engine", "module"):
+        for end in ("*.cpp", "*.hpp"):
+            expected |= {path.relative_to(ROOT).as_posix() for path in (ROOT / top).rglob(end)}
+    faults = [f"lacks {name}" for name in sorted(expected - found)]
+    faults += [f"holds {name}" for name in sorted(found - expected)]
+    if faults:
+        raise Problem(f"{source.name} " + ", ".join(faults) + ".")
+
+
+def check_installed(python):
     right, wrong = FOLDER / "right.py", FOLDER / "wrong.py"
     right.write_text(SCRIPT, encoding="utf-8")
     wrong.write_text(WRONG, encoding="utf-8")

@@ -33,11 +33,14 @@ def check():
     (FOLDER / "objects").mkdir(parents=True)
     print(f"Compiling {len(sources)} files for Windows ...", flush=True)
 
+    definition = f'-DTESSORA_VERSION="{_version()}"'
+
     def compile_one(source):
         name = "-".join(source.relative_to(ROOT).with_suffix(".o").parts)
         target = FOLDER / "objects" / name
-        command = [compiler, *FLAGS, "-I", str(ROOT), "-isystem", str(headers), "-c", str(source)]
-        return subprocess.call([*command, "-o", str(target)]) == 0, str(target)
+        command = [compiler, *FLAGS, definition, "-I", str(ROOT), "-isystem", str(headers)]
+        command += ["-c", str(source), "-o", str(target)]
+        return subprocess.call(command) == 0, str(target)
 
     with ThreadPoolExecutor(os.cpu_count() or 1) as pool:
         results = list(pool.map(compile_one, sources))
@@ -47,8 +50,14 @@ def check():
     print("Compiles and links for 64-bit Windows.")
 
 
+def _version():
+    """The project's, which CMake hands to the compiler."""
+    text = (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
+    return re.search(r"project\(Tessora VERSION ([0-9.]+)", text).group(1)
+
+
 def _windows_headers():
-    """This host's header files with the Windows pyconfig.h in place of its own."""
+    """This Python's header files with the Windows pyconfig.h in place of its own."""
     target = FOLDER / "include"
     shutil.rmtree(str(target), ignore_errors=True)
     shutil.copytree(sysconfig.get_path("include"), str(target))
