@@ -6,6 +6,7 @@ import os
 import subprocess
 import sys
 
+import pytest
 import Tessora as T
 
 # One object of every shape that the engine has.
@@ -18,6 +19,14 @@ MAKERS = {
     "GUI_Image": lambda: T.GUI_Image(None, 1, 2),
     "GUI_Label": T.GUI_Label,
     "GUI_Button": lambda: T.GUI_Button(None, 1, 2, "text"),
+    "GameCharacter": lambda: T.GameCharacter(None, 1, 2),
+    "TiledMap": lambda: T.TiledMap(None, 1, 2),
+    "GUI_CheckButton": lambda: T.GUI_CheckButton(None, 1, 2, "text"),
+    "GUI_RadioButton": lambda: T.GUI_RadioButton(None, 1, 2, "text"),
+    "GUI_Edit": lambda: T.GUI_Edit(None, 1, 2, "text"),
+    "GUI_Text": lambda: T.GUI_Text(None, 1, 2, "text"),
+    "Particle": lambda: T.Particle(None, 1, 2),
+    "ParticleEmitter": lambda: T.ParticleEmitter(None, 1, 2),
     "PyGameResManager": lambda: T.PyGameResManager("no such folder"),
 }
 
@@ -85,6 +94,61 @@ def script_output(source, *options):
     done = run_script(source, *options)
     assert done.returncode == 0, f"exit code {done.returncode}\n{done.stdout}{done.stderr}"
     return [line for line in done.stdout.splitlines() if "pygame" not in line]
+
+
+# Runs named pieces of script in one fresh interpreter, after a crash the rest in another one.
+# Returns by name "fine", the name of the exception, or how the interpreter ended.
+def outcomes(pieces, prelude="", timeout=60):
+    found, rest = {}, list(pieces.items())
+    while rest:
+        ending = "no end"
+        try:
+            done = run_script(RUNNER.format(prelude=prelude, pieces=rest), timeout=timeout)
+            printed, ending = done.stdout, f"exit code {done.returncode}"
+        except subprocess.TimeoutExpired as error:
+            printed = error.stdout or ""
+            printed = printed if isinstance(printed, str) else printed.decode()
+        ended = [line.split("\t") for line in printed.splitlines() if "\t" in line]
+        found.update(ended)
+        rest = rest[len(ended) :]
+        if rest or ending != "exit code 0":
+            found[rest.pop(0)[0] if rest else "leaving"] = ending
+    return found
+
+
+RUNNER = """
+import pygame
+import Tessora as T
+pygame.init()
+screen = pygame.display.set_mode((64, 48))
+{prelude}
+for name, piece in {pieces!r}:
+    try:
+        exec(piece, dict(globals()))
+        result = "fine"
+    except BaseException as error:
+        result = type(error).__name__
+    print(name, result, sep="\\t", flush=True)
+"""
+
+
+# What a script needs to print the memory that its process has.
+MEMORY = """
+import os
+def megabytes():
+    with open("/proc/self/statm") as file:
+        return int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
+"""
+
+
+# The memory that a script keeps; the sanitizers keep more, and other systems tell it otherwise.
+def kept_megabytes(monkeypatch, prepare, act):
+    if not os.path.exists("/proc/self/statm") or "ASAN_OPTIONS" in os.environ:
+        pytest.skip("memory is measured on Linux, without sanitizers")
+    # So that what is freed leaves the process.
+    monkeypatch.setenv("MALLOC_MMAP_THRESHOLD_", "65536")
+    script = f"{MEMORY}{prepare}\nstart = megabytes()\n{act}\nprint(int(megabytes() - start))"
+    return int(script_output(script)[-1])
 
 
 # Smallest rectangle around everything that is not the background.

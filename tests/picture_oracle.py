@@ -148,3 +148,96 @@ def ink_box(surface, background):
     probe.blit(surface, (0, 0))
     probe.set_colorkey(background)
     return probe.get_bounding_rect()
+
+
+# Every character is a solid block, so that text can be measured exactly.
+class BlockFont:
+    def __init__(self):
+        self.rendered = []
+
+    def size(self, text):
+        return 6 * len(text), 10
+
+    def render(self, text, antialias, color, *background):
+        self.rendered.append((text, color))
+        surface = pygame.Surface(self.size(text), pygame.SRCALPHA, 32)
+        surface.fill(color)
+        return surface
+
+
+LIGHT, DARK = (218, 218, 218, 255), (64, 64, 64, 255)
+
+
+# A border of two pixels inside the rectangle; the right and bottom edges own the shared corners.
+def draw_relief(target, rect, style):
+    near, far = (LIGHT, DARK) if style == "raised" else (DARK, LIGHT)
+    left, top, width, height = (int(side) for side in rect)
+    right, bottom = left + width - 1, top + height - 1
+    for color, sides in ((near, ((left, 1), (top, 1))), (far, ((right, -1), (bottom, -1)))):
+        for step in range(2):
+            x, y = (start + step * way for start, way in sides)
+            pygame.draw.line(target, color, (x, top), (x, bottom))
+            pygame.draw.line(target, color, (left, y), (right, y))
+
+
+# What `paint` draws on a sheet of the unscaled size, turned with the widget.
+def draw_turned(target, place, paint, keyed=False):
+    sheet = pygame.Surface((int(place.width), int(place.height)))
+    sheet = sheet if keyed else sheet.convert_alpha()
+    sheet.fill((0, 0, 0) if keyed else (0, 0, 0, 0))
+    if keyed:
+        sheet.set_colorkey((0, 0, 0), pygame.SRCCOLORKEY)
+    paint(sheet)
+    picture = pygame.transform.smoothscale(sheet.convert_alpha(), place.size())
+    picture = pygame.transform.rotozoom(picture, place.WAngle, 1)
+    target.blit(picture, place.corner(picture))
+
+
+def draw_border(target, place, style):
+    if style is not None and place.WAngle == 0:
+        draw_relief(target, place.rect, style)
+    elif style is not None:
+        rect = (0, 0, place.width, place.height)
+        draw_turned(target, place, lambda sheet: draw_relief(sheet, rect, style), keyed=True)
+
+
+# A part of a widget: its place inside, in unscaled pixels, its background and its border.
+def part_place(widget, part, camera=CAMERA):
+    left, top, width, height = part[:4]
+    look = {name: getattr(widget, name) for name in ("sx", "sy", "angle")}
+    look.update(x=widget.x + left * widget.sx, y=widget.y + top * widget.sy)
+    return Place(dict(LOOK, width=width, height=height, **look), camera)
+
+
+def draw_parts(target, widget, parts, camera=CAMERA):
+    for part in parts:
+        place = part_place(widget, part, camera)
+        draw_background(target, place, part[4])
+        draw_border(target, place, part[5])
+
+
+LOOKS = {
+    "still": {},
+    "scaled": {"sx": 1.5, "sy": 0.75},
+    "turned": {"angle": 30.0},
+    "scaled and turned": {"sx": 1.25, "sy": 1.5, "angle": -70.0},
+}
+SHIFTED = (7, -3, 1.5)
+
+
+# The widget, in every look and through two cameras, is what `draw(target, camera)` paints.
+def assert_painted(widget, screen, look, draw):
+    dress(widget, **LOOKS[look])
+    for camera in (CAMERA, SHIFTED, CAMERA):
+        screen.blit(ground(screen.get_size()), (0, 0))
+        assert_draws(widget, screen, lambda target, camera=camera: draw(target, camera), camera)
+
+
+# With `framed`, the border of the first part lies over the others.
+def assert_parts(widget, screen, look, parts, framed=False):
+    def draw(target, camera):
+        draw_parts(target, widget, parts, camera)
+        if framed:
+            draw_border(target, part_place(widget, parts[0], camera), parts[0][5])
+
+    assert_painted(widget, screen, look, draw)

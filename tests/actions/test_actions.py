@@ -166,3 +166,99 @@ def test_run_action():
     node.RunAction(foreign, T.CallBackAction(1, None))
     node.update(0.5)
     assert foreign.names() == ["SetTarget", "Run", "update", "IsOver"]
+
+
+ACTION = T.GAction()
+NO_ACTIONS = {
+    "list": [ACTION, ACTION],
+    "tuple": (ACTION,),
+    "none": None,
+    "number": 5,
+    "node": T.GameNode(None),
+    "class without SetTarget": object,
+}
+
+
+@pytest.mark.parametrize("bad", NO_ACTIONS.values(), ids=NO_ACTIONS)
+def test_a_player_refuses_what_is_no_action_and_stays_as_it_was(bad):
+    node, good = make_node(), T.MoveByAction(1, 10, 0)
+    with pytest.raises(TypeError, match="SetTarget") as refused:
+        node.RunAction(T.GAction(), bad)
+    assert repr(bad) in str(refused.value) and node.ActionPlayer is None
+    node.RunAction(good)
+    before, unplayed = dict(vars(node.ActionPlayer)), T.GAction()
+    for call in (node.RunAction, lambda *actions: node.ActionPlayer.AddActions([], actions)):
+        pytest.raises(TypeError, call, unplayed, bad)
+        assert dict(vars(node.ActionPlayer)) == before and unplayed.targetNode is None
+    node.update(1)
+    assert node.x == 10 and good.over is True
+
+
+def test_a_list_of_actions_is_told_from_actions():
+    with pytest.raises(TypeError, match=r"\*actions"):
+        make_node().RunAction([ACTION])
+
+
+@pytest.mark.parametrize("group", [ACTION, None, 5], ids=["action", "none", "number"])
+def test_a_group_must_hold_actions(group):
+    player = T.ActionPlayer()
+    player.SetTarget("node")
+    pytest.raises(TypeError, player.AddActions, [ACTION], group)
+    assert player.ActionArray is None
+
+
+def test_groups_of_any_kind_get_the_target_once():
+    player, actions = T.ActionPlayer(), [T.GAction() for _ in range(3)]
+    player.SetTarget("node")
+    player.AddActions(iter(actions[:1]), {"key": 0}.fromkeys(actions[1:2]), tuple(actions[2:]))
+    assert [action.targetNode for action in actions] == ["node"] * 3
+
+
+def test_groups_stay_when_an_action_fails_to_take_the_target():
+    class Failing(T.GAction):
+        def SetTarget(self, targetNode):
+            raise KeyError("target")
+
+    player, group = T.ActionPlayer(), [Failing()]
+    player.SetTarget("node")
+    pytest.raises(KeyError, player.AddActions, group)
+    assert player.ActionArray == (group,)
+
+
+@pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls not in (T.BlinkAction, T.GAction)])
+def test_an_action_that_has_ended_starts_again_when_it_is_run_again(cls):
+    calls = []
+    action = cls(*((2, calls.append) if cls is T.CallBackAction else CLASSES[cls]))
+    node = make_node()
+    for played in (1, 2):
+        node.RunAction(action)
+        assert (action.over, action.runtime) == (False, 0)
+        node.update(1)
+        assert action.over is False
+        node.update(1)
+        assert action.over is True and len(calls) == (played if cls is T.CallBackAction else 0)
+    by = {T.MoveByAction: (6, 8), T.ScaleByAction: (7, 9), T.RotateByAction: 6}
+    found = {T.MoveByAction: node.GetXY(), T.ScaleByAction: node.GetSXY()}
+    assert found.get(cls, node.angle) == by.get(cls, node.angle)
+
+
+def test_an_ended_blink_never_ends_again():
+    action = T.BlinkAction(1, 1)
+    node = started(action)
+    action.update(0.1)
+    assert (action.over, action.blinkindex) == (True, 1)
+    node.SetVisible(True)
+    action.Run()
+    for _ in range(8):
+        action.update(0.3)
+    assert action.over is False and action.blinkindex > 1
+
+
+@pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls is not T.GAction])
+@pytest.mark.parametrize("name", ["Run", "update"])
+def test_a_base_step_replaced_by_a_script_is_taken(monkeypatch, cls, name):
+    calls, action = [], cls(*CLASSES[cls])
+    started(action)
+    monkeypatch.setattr(T.GAction, name, lambda self, *args: calls.append((self, args)))
+    getattr(action, name)(*(() if name == "Run" else (0.25,)))
+    assert calls == [(action, () if name == "Run" else (0.25,))]

@@ -20,6 +20,7 @@ CASES = [
     ("checkRectInRect", (0, 10, 0, 10, 0, 10, 10.5, 12), 0),
     ("read_rect", ({"x": "1", "y": None, "width": 2.5, "height": ()},), ["1", None, 2.5, ()]),
     ("read_rect", ({"x": 1, "y": 2, "width": 3},), KeyError),
+    ("read_rect", ((1, 2),), TypeError),
     ("read_keyValue", ({}, "a", 7), 7),
     ("read_keyValue", ({"a": None}, "a", 7), None),
     ("tree_to_dict", ("dict",), AttributeError),
@@ -37,6 +38,15 @@ def test_helpers(name, arguments, expected):
     else:
         for found in (function(*arguments), function(**dict(zip(NAMES[name].split(), arguments)))):
             assert found == expected and type(found) is type(expected)
+
+
+@pytest.mark.parametrize("missing", ["x", "y", "width", "height"])
+def test_a_rectangle_is_read_in_the_order_of_its_numbers(missing):
+    names = ["x", "y", "width", "height"]
+    known = names[: names.index(missing)]
+    with pytest.raises(KeyError) as error:
+        T.read_rect(dict.fromkeys(known, 0))
+    assert error.value.args == (missing,)
 
 
 @pytest.mark.parametrize("move", [(0, 0), (5, -3), (-20, 0), (-21, 0), (0.9, -0.4), (-21.5, 9.5)])
@@ -68,6 +78,9 @@ PLISTS = [
     ("<k>a</k><d><k>b</k><d><k>c</k><i>1</i></d></d>", {"a": {"b": {"c": 1}}}),
     ("<k>a</k>", IndexError),
     ("<k>a</k><i>x</i>", ValueError),
+    ("<k>a</k><i>" + "9" * 4300 + "</i><k>b</k><t/>", {"a": 10**4300 - 1, "b": True}),
+    ("<k>a</k><i>" + "9" * 4301 + "</i>", ValueError),
+    ("<k>a</k><i/>", TypeError),
     ("<k>a</k><a><i>1.5</i></a>", ValueError),
     ("<k>a</k><d><k>b</k></d>", IndexError),
 ]
@@ -82,3 +95,17 @@ def test_property_lists(text, expected):
         pytest.raises(expected, T.tree_to_dict, tree)
     else:
         assert repr(T.tree_to_dict(tree=tree)) == repr(expected)
+
+
+def test_a_key_without_a_value_is_named():
+    tree = ElementTree.fromstring("<dict><key>speed</key></dict>")
+    pytest.raises(IndexError, T.tree_to_dict, tree).match("speed")
+
+
+def test_dicts_deeper_than_the_recursion_limit_are_refused():
+    tree = ElementTree.Element("dict")
+    inner = tree
+    for _ in range(20000):
+        ElementTree.SubElement(inner, "key").text = "k"
+        inner = ElementTree.SubElement(inner, "dict")
+    pytest.raises(RecursionError, T.tree_to_dict, tree)

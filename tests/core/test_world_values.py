@@ -42,17 +42,78 @@ def test_integers_stay_integers_where_the_formula_keeps_them():
     pytest.raises(TypeError, node.Clamp, "b", 1, 2)
 
 
-BAD = """x='3':GetWX anchorx='3':GetWX y=None:GetWXY sx=[]:GetWSX angle={}:GetWAngle
-width='w':GetSizeRect WSX='w':GetCenterX WX=None:GetRight WSX=None:GetSizeRect parent='p':GetWX"""
+# What is exact in Python's own arithmetic: the sign of zero, integers of any size.
+EXACT = [
+    ({"x": -0.0}, "GetWX", 0.0),
+    ({"sx": -0.0}, "GetWSX", -0.0),
+    ({"sx": -1, "width": 0, "anchorx": 1, "x": 0}, "GetWX", 0.0),
+    ({"angle": -0.0}, "GetWAngle", 0.0),
+    ({"anchorx": -0.0, "width": 5}, "GetAXW", -0.0),
+    ({"anchory": -1, "height": 0.0}, "GetAYH", -0.0),
+    ({"anchorx": 3, "width": 2**53 + 1}, "GetAXW", 3 * (2**53 + 1)),
+    ({"anchory": 2**40, "height": 2**40 + 1}, "GetAYH", 2**40 * (2**40 + 1)),
+    ({"anchorx": 3, "width": 2**53 + 1, "sx": 5}, "GetWX", 0.0 - 15 * (2**53 + 1)),
+    ({"angle": 2**70}, "GetWAngle", float(2**70)),
+]
 
 
-@pytest.mark.parametrize("case", BAD.split())
-def test_wrong_types_are_the_hosts_own_errors(case):
-    values, query = case.split(":")
+@pytest.mark.parametrize(("values", "query", "expected"), EXACT, ids=str)
+def test_exact_values(values, query, expected):
+    assert repr(getattr(make_node(None, **values), query)()) == repr(expected)
+
+
+def test_a_zero_keeps_its_sign_through_the_camera():
+    node = make_node(None, x=-1, sx=-0.0)
+    node.draw_begin(-0.0, 0, 0.0)
+    assert repr((node.WX, node.WSX)) == "(-0.0, -0.0)"
+
+
+BAD = [
+    ({"x": "3"}, "GetWX", TypeError),
+    ({"anchorx": "3"}, "GetWX", TypeError),
+    ({"y": None}, "GetWXY", TypeError),
+    ({"sx": []}, "GetWSX", TypeError),
+    ({"angle": {}}, "GetWAngle", TypeError),
+    ({"width": "w"}, "GetSizeRect", TypeError),
+    ({"WSX": "w"}, "GetCenterX", TypeError),
+    ({"WX": None}, "GetRight", TypeError),
+    ({"WSX": None}, "GetSizeRect", TypeError),
+    ({"parent": "p"}, "GetWX", AttributeError),
+]
+
+
+@pytest.mark.parametrize(("values", "query", "error"), BAD, ids=str)
+def test_wrong_types_fail_where_the_arithmetic_runs(values, query, error):
     node = make_node(None, width=1)
-    vars(node).update(eval(f"dict({values})"))
-    pytest.raises(AttributeError if "parent" in values else TypeError, getattr(node, query))
-    assert make_node(None, x=3).GetWX() == 3
+    vars(node).update(values)
+    pytest.raises(error, getattr(node, query))
+
+
+# Equal to none, so that a node with this parent has none.
+class Nobody:
+    def __eq__(self, other):
+        return other is None
+
+    def __ne__(self, other):
+        return other is not None
+
+    __hash__ = None
+
+
+class NoNode(Nobody, T.GameNode):
+    pass
+
+
+ROOTS = {"GetWPX": 0.0, "GetWPY": 0.0, "GetWPSX": 1.0, "GetWPSY": 1.0, "GetWPAngle": 0.0}
+ROOTS.update(GetPAXW=0.0, GetPAYH=0.0, GetWX=7.0, GetWXY=(7.0, 0.0))
+
+
+@pytest.mark.parametrize("parent", [Nobody, lambda: NoNode(None, 5)], ids=["foreign", "a node"])
+@pytest.mark.parametrize("query", ROOTS)
+def test_a_parent_equal_to_none_is_no_parent(query, parent):
+    node = T.GameNode(None, 7)
+    node.parent = parent()
+    assert getattr(node, query)() == ROOTS[query]
 
 
 def test_only_a_lock_equal_to_true_freezes_the_cached_values():

@@ -1,31 +1,51 @@
 """Some versions of pygame crash when a font from before pygame.quit() is used."""
 
-from helpers import script_output
+import pytest
+from helpers import outcomes
 
-SCRIPT = """
-import pygame
-import Tessora as T
-pygame.init()
-label, layer = T.GUI_Label(None, 0, 0, "text"), T.GameLayer()
-given = T.GUI_Label()
-given.SetFont(pygame.font.Font(None, 20), "given")
-layer.AddPoint("p", 0, 5, 5)
-pygame.quit()
-pygame.init()
-screen = pygame.display.set_mode((80, 60))
-given.SetText("text")
-for draw in ({draws}):
+PRELUDE = """
+def restart():
+    pygame.quit()
+    pygame.init()
+    return pygame.display.set_mode((80, 60))
+def label():
+    return T.GUI_Label(None, 0, 0, "text")
+def given():
+    widget = T.GUI_Label()
+    widget.SetFont(pygame.font.Font(None, 20), "given")
+    widget.SetText("text")
+    return widget
+def layer():
+    made = T.GameLayer()
+    made.AddPoint("p", 0, 5, 5)
+    return made
+def refused(thing, screen):
     try:
-        draw()
+        thing.draw(screen)
     except pygame.error as error:
-        print("made before" in str(error))
-label.CreateFont("Arial", 16)
-label.draw(screen, 0, 0, 1.0)
-print(screen.get_bounding_rect().size != (0, 0))
+        return "made before" in str(error)
+"""
+OLD = """
+old = {make}()
+for turn in range(3):
+    screen = restart()
+    assert refused(old, screen)
+    assert not refused({make}(), screen)
+    old = {make}() if turn == 1 else old
 """
 
 
-def test_old_fonts_are_refused_and_new_ones_work():
-    draws = "lambda: label.draw(screen), lambda: given.draw(screen), lambda: layer.draw(screen)"
+@pytest.mark.parametrize("make", ["label", "given", "layer"])
+def test_old_fonts_are_refused_after_every_quit_and_new_ones_work(make):
+    assert outcomes({make: OLD.format(make=make)}, PRELUDE) == {make: "fine"}
 
-    assert script_output(SCRIPT.format(draws=draws)) == ["True"] * 4
+
+def test_a_label_can_be_given_a_new_font():
+    piece = """
+widget = label()
+screen = restart()
+widget.CreateFont("Arial", 16)
+widget.draw(screen)
+assert screen.get_bounding_rect().size != (0, 0)
+"""
+    assert outcomes({"label": piece}, PRELUDE) == {"label": "fine"}

@@ -5,7 +5,16 @@ from types import SimpleNamespace
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOK, Place, assert_draws, assert_widget, dress, ink_box, outcome
+from picture_oracle import (
+    LOOK,
+    Place,
+    assert_draws,
+    assert_same,
+    assert_widget,
+    dress,
+    ink_box,
+    outcome,
+)
 
 IMAGES = {name: pygame.Surface((10 + index, 20)) for index, name in enumerate("abc")}
 FILES = [("a", "a"), (["a", "b"], "ab"), (("c", "a", "c"), "cac"), ([], ""), (["?", "b"], "?b")]
@@ -46,6 +55,7 @@ UPDATES += [({"imageCount": 1}, [5.0], 0, 0, 0), ({"imageAutoSwitch": False}, [5
 UPDATES += [({"imageAutoSwitch": 1.0}, [0.25], 1, 0, 1), ({"imageAutoSwitch": 2}, [0.25], 0, 0, 0)]
 UPDATES += [({"imageIndex": 7}, [0.25], 2, 0, 2), ({"imageIndex": -3}, [0.25], -2, 0, 0)]
 UPDATES += [({"imageSwitchDelay": 0}, [0.5] * 4, 1, 2.0, 1)]
+UPDATES += [({"imageIndex": 3**60 + 1}, [0.25], 2, 0, 2), ({"imageIndex": 7.5}, [0.25], 2.5, 0, 0)]
 
 
 @pytest.mark.parametrize(("changes", "delays", "index", "rest", "shown"), UPDATES)
@@ -56,6 +66,12 @@ def test_frames_advance_one_per_update(changes, delays, index, rest, shown):
         widget.update(delay)
     assert (widget.imageIndex, widget.imageDelay) == (index, rest)
     assert widget.image is frames[shown]
+
+
+def test_an_infinite_index_has_no_place_among_the_frames():
+    widget, _ = animated()
+    widget.imageIndex = float("inf")
+    pytest.raises(OverflowError, widget.update, 0.25)
 
 
 def test_single_frames_and_mirrors(screen):
@@ -74,6 +90,17 @@ def test_single_frames_and_mirrors(screen):
     assert_widget(mirror, screen)
     assert outcome(mirror.UseImage, None, True) is AttributeError
     assert outcome(source.update, "soon") is TypeError
+
+
+def test_a_mirror_does_not_play_its_own_frames():
+    (source, frames), (mirror, own) = animated(), animated()
+    mirror.UseImage(source, False)
+    for delay in (0.25, 0.5):
+        mirror.update(delay)
+    assert (mirror.image, mirror.imageIndex, mirror.imageDelay) == (frames[0], 0, 0)
+    mirror.originalImage = None
+    mirror.update(0.25)
+    assert (mirror.image, mirror.imageIndex) == (own[1], 1)
 
 
 PLACES = [(150, 60, True), (0, 60, True), (-0.25, 60, False), (300, 60, True), (300.25, 60, False)]
@@ -108,30 +135,67 @@ def shown(widget, screen, places, camera=(0, 0, 1.0)):
     return [tuple(screen.get_at(place))[:3] for place in places]
 
 
-# Just outside, first and last pixel, and just inside of the left, top, right and bottom border.
-def probes(left, top, width, height, border):
-    x, y, right, bottom = left + width // 2, top + height // 2, left + width - 1, top + height - 1
-    sides = [(left, y, 1, 0), (x, top, 0, 1), (right, y, -1, 0), (x, bottom, 0, -1)]
-    steps = (-1, 0, border - 1, border)
-    return [(side[0] + s * side[2], side[1] + s * side[3]) for side in sides for s in steps]
+# The sides of a border in the box; whose colour the corners have is left open.
+def assert_border(screen, box, width, colors):
+    left, top, right, bottom = colors
+    expected = screen.copy()
+    expected.fill(GROUND)
+    expected.fill(left, (box.left, box.top, width, box.height))
+    expected.fill(right, (box.right - width, box.top, width, box.height))
+    expected.fill(top, (box.left, box.top, box.width, width))
+    expected.fill(bottom, (box.left, box.bottom - width, box.width, width))
+    for x in (box.left, box.right - width):
+        for y in (box.top, box.bottom - width):
+            for surface in (screen, expected):
+                surface.fill(GROUND, (x, y, width, width))
+    assert_same(screen, expected)
+
+
+CAMERAS = [(0, 0, 1.0), (10, 5, 1.5), (-3, 2, 0.5)]
+# Boxes that start or end between two pixels: they are cut as the background is.
+FRACTIONS = [(-40.5, -30.75, 1.0), (-40.999, 0, 1.0), (-27.1, -17.1, 1.004), (0.9, 0.9, 1.009)]
 
 
 @pytest.mark.parametrize("style", STYLES)
-@pytest.mark.parametrize("width", [1, 5])
-def test_borders(screen, style, width):
-    for camera in ((0, 0, 1.0), (10, 5, 1.5), (-3, 2, 0.5)):
-        places = probes(*map(int, Place(dict(LOOK, x=40, y=30, height=60), camera).rect), width)
-        wanted = [part for color in STYLES[style] for part in (GROUND, color, color, GROUND)]
-        assert shown(plain(screen, style, borderwidth=width), screen, places, camera) == wanted
+@pytest.mark.parametrize("width", [1, 2, 5])
+@pytest.mark.parametrize("camera", CAMERAS + FRACTIONS, ids=str)
+def test_borders_lie_inside_the_box(screen, style, width, camera):
+    widget = plain(screen, style, borderwidth=width)
+    widget.draw(screen, *camera)
+    box = pygame.Rect(Place(dict(LOOK, x=40, y=30, height=60), camera).rect)
+    assert_border(screen, box, width, STYLES[style])
+
+
+@pytest.mark.parametrize("style", ["raised", "sunken", "solid"])
+def test_a_background_and_its_border_cover_the_same_pixels(screen, style):
+    for x in (-0.9, -0.1, 12.9, 12.1):
+        widget = plain(screen, style, x=x, y=x, bgColor=pygame.Color(1, 2, 3), sx=1.004, sy=1.07)
+        widget.draw(screen, 0, 0, 1.0)
+        both, widget = ink_box(screen, GROUND), dress(widget, style="flat")
+        screen.fill(GROUND)
+        widget.draw(screen, 0, 0, 1.0)
+        assert ink_box(screen, GROUND) == both
+
+
+@pytest.mark.parametrize("style", STYLES)
+def test_borders_turn_with_the_widget(screen, style):
     # A quarter turn to the left: the left side goes to the bottom, the top to the left.
     widget = plain(screen, style, width=60, borderwidth=8, angle=90)
     left, top, right, bottom = STYLES[style]
-    found = shown(widget, screen, probes(40, 30, 60, 60, 6))[2::4]
+    found = shown(widget, screen, [(43, 60), (70, 33), (96, 60), (70, 86)])
     for color, wanted in zip(found, (top, right, bottom, left)):
         assert max(abs(a - b) for a, b in zip(color, wanted)) <= 12
-    for changes in ({"borderVisible": 2}, {"borderwidth": 0}):
-        assert shown(plain(screen, style, **changes), screen, [(90, 30)]) == [GROUND]
-    widget = plain(screen, "solid", borderColor="no color", angle=width)
+
+
+@pytest.mark.parametrize("changes", [{"borderVisible": 2}, {"borderwidth": 0}], ids=str)
+@pytest.mark.parametrize("style", STYLES)
+def test_no_border(screen, style, changes):
+    assert shown(plain(screen, style, **changes), screen, [(90, 30)]) == [GROUND]
+
+
+@pytest.mark.parametrize("angle", [0, 5])
+def test_wrong_border_colors_are_refused(screen, angle):
+    widget = plain(screen, "solid", borderColor="no color", angle=angle)
     assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
 
 

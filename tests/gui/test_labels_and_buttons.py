@@ -5,24 +5,19 @@ from types import SimpleNamespace
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOK, Place, assert_draws, draw_widget, dress, ink_box, noise, outcome
+from picture_oracle import (
+    LOOK,
+    BlockFont,
+    Place,
+    assert_draws,
+    draw_widget,
+    dress,
+    ink_box,
+    noise,
+    outcome,
+)
 
 PAPER, INK = (255, 255, 255), pygame.Color(200, 10, 10)
-
-
-# Every character is a solid block, so that text can be measured exactly.
-class BlockFont:
-    def __init__(self):
-        self.rendered = []
-
-    def size(self, text):
-        return 6 * len(text), 10
-
-    def render(self, text, antialias, color, *background):
-        self.rendered.append((text, color))
-        surface = pygame.Surface(self.size(text), pygame.SRCALPHA, 32)
-        surface.fill(color)
-        return surface
 
 
 # Without background, at 40, 30, sized 100 x 60, with gaps of 7 and 5.

@@ -1,73 +1,93 @@
 """Replacing a method, or a whole object, is honoured wherever the engine makes the call."""
 
 import functools
+import threading
 
+import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder
+from helpers import Recorder, script_output
 
-# An object whose method answers with `function(*arguments)`, replaced in one of these ways.
-WAYS = ["subclass", "instance", "class", "mapping", "callable", "property"]
+SURFACE = pygame.Surface((8, 8))
+CAMERA = (SURFACE, 1, 2, 3)
+ANY_ARGUMENTS = object()
+# What is done to an object, and the calls it makes on the replaced one: methods and arguments.
+NODE = [
+    (lambda node: node.draw(*CAMERA), {"draw_begin": (1, 2, 3), "drawsize": (SURFACE,)}),
+    (lambda node: node.draw(*CAMERA), {"drawAnchor": (SURFACE, 3), "draw_children": CAMERA}),
+    (lambda node: node.draw(*CAMERA), {"drawDragRect": (SURFACE, 6, -2), "IsVisible": ()}),
+    (lambda node: node.draw_begin(), {"GetWX": (), "GetWY": (), "GetWSX": (), "GetWSY": ()}),
+    (lambda node: node.draw_begin(), {"GetWAngle": ()}),
+    (lambda node: node.GetWXY(), {"GetWX": (), "GetWY": (), "GetAXW": (), "GetAYH": ()}),
+    (lambda node: node.GetWSXY(), {"GetWPSX": (), "GetWPSY": ()}),
+    (lambda node: node.GetWPXY(), {"GetWPX": (), "GetWPY": ()}),
+    (lambda node: node.GetWAngle(), {"GetWPAngle": ()}),
+    (lambda node: node.GetSizeRect(), {"GetWX": (), "GetWY": ()}),
+    (lambda node: node.OnPickDownFunction(1, 2), {"IsVisible": (), "checkDragRect": (1, 2)}),
+    (lambda node: node.OnPickUpFunction(1, 2), {"IsVisible": ()}),
+    (lambda node: node.checkClick(1, 2), {"IsVisible": ()}),
+    (lambda node: T.GameNode(node), {"GetSceneInstance": (), "AddChild": ANY_ARGUMENTS}),
+    (lambda node: play(node, T.MoveToAction(1, 2, 3)), {"GetWX": (), "GetWY": ()}),
+    (lambda node: play(node, T.MoveToAction(1, 2, 3)), {"SetXY": ANY_ARGUMENTS}),
+    (lambda node: play(node, T.ScaleByAction(1, 2, 3)), {"GetSX": (), "GetSY": ()}),
+    (lambda node: play(node, T.ScaleByAction(1, 2, 3)), {"SetSXY": ANY_ARGUMENTS}),
+    (lambda node: play(node, T.RotateByAction(1, 2)), {"GetAngle": (), "SetAngle": ANY_ARGUMENTS}),
+    (lambda node: play(node, T.BlinkAction(1, 2)), {"IsVisible": (), "SetVisible": (False,)}),
+]
+# The replaced node is asked by its child,
+CHILD = [
+    (lambda child: child.GetWXY(), {"GetWX": (), "GetWY": ()}),
+    (lambda child: child.draw_begin(), {"GetWX": (), "GetWY": (), "GetWSX": (), "GetWSY": ()}),
+    (lambda child: child.draw_begin(), {"GetWAngle": ()}),
+    (lambda child: child.GetPAXW(), {"GetAXW": ()}),
+    (lambda child: child.GetPAYH(), {"GetAYH": ()}),
+    (lambda child: child.AddChild(child.parent), {"SetSortIndex": (0,)}),
+    (lambda child: child.checkCollision(child.parent), {"GetSizeRect": ()}),
+]
+# by its parent,
+PARENT = [
+    (lambda parent: parent.draw(*CAMERA), {"draw": CAMERA, "IsVisible": ()}),
+    (lambda parent: parent.draw_children(*CAMERA), {"draw": CAMERA}),
+    (lambda parent: parent.ReSortAllChild(), {"GetSortIndex": ()}),
+    (lambda parent: parent.RemoveChild(parent.children[0]), {"RemoveAllChildren": ()}),
+]
+# or by its layer;
+LAYER = [
+    (lambda layer: layer.draw(SURFACE), {"draw": (SURFACE, 0, 0, 1.0)}),
+    (lambda layer: layer.DelGameNode(0), {"GetAllChildrens": ()}),
+    (lambda layer: layer.CheckAllGameNode(), {"GetInstanceID": ()}),
+    (lambda layer: layer.AddGameNode(layer.GetGameNode(0)), {"SetInstanceID": (1,)}),
+]
 
 
-def replace(way, cls, arguments, name, function, patch):
-    if way in ("subclass", "property"):
-        method = property(lambda self: function) if way == "property" else None
-        body = {name: method or (lambda self, *args: function(*args))}
-        return type("Deeper", (type("Script", (cls,), body),), {})(*arguments)
-    thing, old = cls(*arguments), getattr(cls, name)
-    if way == "class":
-        # Everybody's method changes, so others fall through to the old one.
-        new = lambda node, *args: (function if node is thing else old.__get__(node))(*args)  # noqa: E731
-        patch.setattr(cls, name, new)
-    else:
-        vars(thing)[name] = functools.partial(function) if way == "callable" else function
-    return thing
+# The same call, handed on.
+def handed_on(name, *arguments):
+    return (lambda above: getattr(above, name)(*arguments), {name: arguments})
 
 
-# What is done, and the calls it makes on the replaced node; "parent" lists it as a child, "child"
-# has it for a parent, "layer" holds it.
-CALLS = """
-node.draw(s, 1, 2, 3): draw_begin(1,2,3) drawsize(s) drawAnchor(s,3) drawDragRect(s,6,-2)
-node.draw(s, 1, 2, 3): draw_children(s,1,2,3) IsVisible()
-node.draw_begin(): GetWX() GetWY() GetWSX() GetWSY() GetWAngle()
-node.GetWXY(), node.GetWSXY(): GetWX() GetWY() GetAXW() GetAYH() GetWPSX() GetWPSY()
-node.GetWPXY(), node.GetWAngle(), node.GetSizeRect(): GetWPX() GetWPY() GetWPAngle() GetWX()
-node.OnPickDownFunction(1, 2): IsVisible() checkDragRect(1,2)
-node.checkClick(1, 2), node.OnPickUpFunction(1, 2): IsVisible()
-T.GameNode(node): GetSceneInstance() AddChild
-child.GetWXY(), child.draw_begin(): GetWX() GetWY()
-child.draw_begin(): GetWSX() GetWSY() GetWAngle()
-child.GetPAXW(), child.GetPAYH(), child.GetSizeRect(): GetAXW() GetAYH() GetWX() GetWY()
-parent.draw(s, 1, 2, 3): draw(s,1,2,3) IsVisible()
-parent.draw_children(s, 1, 2, 3): draw(s,1,2,3)
-parent.update(5), parent.OnLoad(5): update(5) OnLoad(5)
-parent.OnPickDownFunction(1, 2): OnPickDownFunction(1,2)
-parent.OnPickUpFunction(1, 2): OnPickUpFunction(1,2)
-parent.OnEditRectDraging(1, 2), parent.OnDestroy(): OnEditRectDraging(1,2) OnDestroy()
-parent.GetLeft(), parent.GetTop(), parent.GetAllChildrens(): GetLeft() GetTop() GetAllChildrens()
-parent.GetRight(), parent.GetBottom(): GetRight() GetBottom()
-parent.RemoveChild(node), parent.ReSortAllChild(): RemoveAllChildren() GetSortIndex()
-child.AddChild(node), child.checkCollision(node): SetSortIndex(0) GetSizeRect()
-layer.OnLoad(5), layer.update(5), layer.DelGameNode(0): OnLoad(5) update(5) GetAllChildrens()
-layer.draw(s), layer.CheckAllGameNode(), layer.OnDestroy(): draw(s,0,0,1.0) OnDestroy()
-layer.CheckAllGameNode(): GetInstanceID()
-layer.OnPickDownFunction(1, 2): OnPickDownFunction(1,2)
-layer.OnPickUpFunction(1, 2): OnPickUpFunction(1,2)
-layer.OnKeyDownFunction(1), layer.OnKeyUpFunction(1): OnKeyDownFunction(1) OnKeyUpFunction(1)
-layer.OnEditRectDraging(1, 2), layer.AddGameNode(node): OnEditRectDraging(1,2) SetInstanceID(1)
-play(node, T.MoveToAction(1, 2, 3)): SetXY GetWX GetWY
-play(node, T.ScaleByAction(1, 2, 3)): SetSXY GetSX GetSY
-play(node, T.RotateByAction(1, 2)): SetAngle GetAngle
-play(node, T.BlinkAction(1, 2)): SetVisible IsVisible
-play(child, action): Run() update(0.125) IsOver() SetTarget
-play(child, move): Run() update(0.125) IsOver() SetTarget
-"""
+for rows in (PARENT, LAYER):
+    rows += [handed_on("update", 5), handed_on("OnLoad", 5), handed_on("OnDestroy")]
+    rows += [handed_on("OnPickDownFunction", 1, 2), handed_on("OnPickUpFunction", 1, 2)]
+    rows += [handed_on("OnEditRectDraging", 1, 2)]
+PARENT += [handed_on("GetAllChildrens"), handed_on("GetLeft"), handed_on("GetTop")]
+PARENT += [handed_on("GetRight"), handed_on("GetBottom")]
+LAYER += [handed_on("OnKeyDownFunction", 1), handed_on("OnKeyUpFunction", 1)]
+# an action is played on a node.
+PLAYED = {"Run": (), "update": (0.125,), "IsOver": (), "SetTarget": ANY_ARGUMENTS}
+ACTION = [(lambda action: play(T.GameNode(None), action), PLAYED)]
+
+SIDES = {"node": NODE, "child": CHILD, "parent": PARENT, "layer": LAYER, "action": ACTION}
+SIDES["move"] = ACTION
+CALLS = [
+    pytest.param(side, act, name, arguments, id=f"{side} {index} {name}")
+    for side, table in SIDES.items()
+    for index, (act, calls) in enumerate(table)
+    for name, arguments in calls.items()
+]
+# What the replacement answers, where 5 will not do.
 ANSWERS = {"GetAllChildrens": [], "GetSizeRect": T.Rect(0, 0, 1, 1), "checkDragRect": -2}
 ANSWERS.update(GetSceneInstance=None, IsOver=False, GetSortIndex=0, IsVisible=0)
-MADE = {"action)": (T.GAction, ()), "move)": (T.MoveToAction, (1, 2, 3))}
-ROWS = [line.split(": ") for line in CALLS.strip().splitlines()]
-ROWS = [(act, call) for act, calls in ROWS for call in calls.split()]
+WAYS = ["subclass", "instance", "class", "mapping", "callable", "property"]
 
 
 def play(node, action):
@@ -75,30 +95,51 @@ def play(node, action):
     node.update(0.125)
 
 
+# An object of the class whose method is replaced by `function` in one of the ways.
+def replace(way, cls, arguments, name, function, patch):
+    if way == "subclass":
+        script = type("Script", (cls,), {name: lambda self, *args: function(*args)})
+        return type("Deeper", (script,), {})(*arguments)
+    if way == "property":
+        return type("Script", (cls,), {name: property(lambda self: function)})(*arguments)
+    thing, old = cls(*arguments), getattr(cls, name)
+    if way == "instance":
+        setattr(thing, name, function)
+    elif way == "mapping":
+        vars(thing)[name] = function
+    elif way == "callable":
+        setattr(thing, name, functools.partial(function))
+    else:
+        # Everybody's method changes, so the others go on to the old one.
+        def changed(node, *args):
+            return function(*args) if node is thing else old(node, *args)
+
+        patch.setattr(cls, name, changed)
+    return thing
+
+
 @pytest.mark.parametrize("way", WAYS)
-@pytest.mark.parametrize("act, call", ROWS)
-def test_the_engines_own_calls(monkeypatch, screen, capsys, way, act, call):
-    calls, active, (name, _, arguments) = [], [], call.partition("(")
+@pytest.mark.parametrize(("side", "act", "name", "arguments"), CALLS)
+def test_the_engines_own_calls(monkeypatch, screen, capsys, way, side, act, name, arguments):
+    calls, watching = [], []
 
     def function(*args):
-        if active:
+        if watching:
             calls.append(args)
         return ANSWERS.get(name, 5)
 
-    cls, values = MADE.get(act.split()[-1], (T.GameNode, (None,)))
+    cls = {"action": T.GAction, "move": T.MoveToAction}.get(side, T.GameNode)
+    values = {T.GAction: (), T.MoveToAction: (1, 2, 3)}.get(cls, (None,))
     thing = replace(way, cls, values, name, function, monkeypatch)
-    parent, child, layer = T.GameNode(None), T.GUI_Image(None, 0, 0), T.GameLayer()
+    things = {"node": thing, "action": thing, "move": thing, "layer": T.GameLayer()}
+    things.update(parent=T.GameNode(None), child=T.GUI_Image(None, 0, 0))
     if cls is T.GameNode:
-        parent.children.append(thing)
-        child.parent = thing
-        layer.AddGameNode(thing)
-    active.append(True)
-    names = {"node": thing, "action": thing, "move": thing, "parent": parent, "child": child}
-    names.update(layer=layer, s=screen, T=T, play=play)
-    eval(act, names)
-    expected = eval(f"(lambda *args: args)({arguments}", names) if arguments else calls[0]
-    several = "GetWX GetWY GetWPX GetWPY GetAXW GetAYH IsVisible GetSortIndex".split()
-    assert calls[0] == expected and (len(calls) == 1 or name in several)
+        things["parent"].children.append(thing)
+        things["child"].parent = thing
+        things["layer"].AddGameNode(thing)
+    watching.append(True)
+    act(things[side])
+    assert calls and (arguments is ANY_ARGUMENTS or calls[0] == arguments)
 
 
 def test_replacements_come_and_go(screen):
@@ -114,6 +155,36 @@ def test_replacements_come_and_go(screen):
     pytest.raises(TypeError, parent.draw, screen, 0, 0, 1.0)
 
 
+# A base's method, a class that extends it, and a call that takes the base step.
+BASE_STEPS = [
+    (T.GameNode, "update", T.GUI_Image, lambda widget: widget.update(1)),
+    (T.GameNode, "CopyTo", T.GUI_Image, lambda widget: widget.CopyTo(T.GUI_Image())),
+    (T.GUI_Image, "CopyTo", T.GUI_Label, lambda widget: widget.CopyTo(T.GUI_Image())),
+    (T.GUI_Label, "CopyTo", T.GUI_Button, lambda widget: widget.CopyTo(T.GUI_Image())),
+    (T.GameNode, "OnPickDownFunction", T.GUI_Button, lambda b: b.OnPickDownFunction(1, 1)),
+    (T.GameNode, "OnPickUpFunction", T.GUI_Button, lambda b: b.OnPickUpFunction(1, 1)),
+    (T.GAction, "Run", lambda: T.MoveToAction(1, 2, 3), lambda action: action.Run()),
+    (T.GAction, "update", lambda: T.MoveToAction(1, 2, 3), lambda action: action.update(1)),
+    (T.GAction, "update", lambda: T.BlinkAction(1, 2), lambda action: action.update(1)),
+    (T.GAction, "Run", T.ActionPlayer, lambda player: player.Run()),
+    (T.GAction, "update", T.ActionPlayer, lambda player: player.update(1)),
+]
+STEP_IDS = [f"{base.__name__}.{name}-{index}" for index, (base, name, *_) in enumerate(BASE_STEPS)]
+
+
+@pytest.mark.parametrize(("base", "name", "make", "call"), BASE_STEPS, ids=STEP_IDS)
+def test_a_method_replaced_on_a_base_class_is_the_base_step(monkeypatch, base, name, make, call):
+    thing, asked = make(), []
+    if isinstance(thing, T.GAction):
+        thing.SetTarget(T.GameNode(None))
+        vars(thing).update(running=True, over=False, runtime=0)
+    if isinstance(thing, T.ActionPlayer):
+        thing.AddActions([T.GAction()])
+    monkeypatch.setattr(base, name, lambda self, *args: asked.append(self))
+    call(thing)
+    assert thing in asked
+
+
 def test_an_override_calls_its_base_and_the_base_calls_overrides(screen):
     log = []
 
@@ -122,11 +193,84 @@ def test_an_override_calls_its_base_and_the_base_calls_overrides(screen):
             log.append("mixin")
             super().draw(*args)
 
-    body = {"draw_begin": lambda self, *args: log.append("begin")}
+    class Picture(Mixin, T.GUI_Image):
+        def draw_begin(self, *args):
+            log.append("begin")
+
     root = T.GameNode(None)
-    picture = type("Picture", (Mixin, T.GUI_Image), body)(root, 1, y=2)
+    picture = Picture(root, 1, y=2)
     root.draw(screen, 0, 0, 1.0)
     assert log == ["mixin", "begin"] and picture.GetXY() == (1, 2)
+
+
+def test_a_base_class_lends_its_methods_to_the_classes_below(screen):
+    class Bare(T.GUI_Image):
+        draw = T.GameNode.draw
+
+    root = T.GameNode(None)
+    Bare(root)
+    root.draw(screen, 0, 0, 1.0)
+    assert screen.get_at((50, 50))[:3] == (0, 0, 0)
+
+
+def test_class_values_of_a_plain_mixin_stay_live():
+    class Mixin:
+        userData = "a"
+        update = None
+
+    class Hero(Mixin, T.GameNode):
+        pass
+
+    hero, other = Hero.__new__(Hero), Hero(None)
+    assert (hero.userData, other.userData) == ("a", None)
+    Mixin.userData = "b"
+    assert (hero.userData, other.userData) == ("b", None)
+    del Mixin.userData
+    pytest.raises(AttributeError, lambda: hero.userData)
+    Mixin.userData = "c"
+    assert hero.userData == "c"
+    del other.userData
+    assert other.userData == "c"
+
+
+def test_methods_of_a_plain_mixin_stay_live():
+    mixin, calls = type("Mixin", (), {}), []
+    root = T.GameNode(None)
+    type("Hero", (mixin, T.GameNode), {})(root)
+    root.update(1)
+    mixin.update = lambda self, delay: calls.append(delay)
+    root.update(2)
+    del mixin.update
+    root.update(3)
+    assert calls == [2]
+
+
+# The interpreter gives a class only so many versions.
+def test_a_class_that_was_written_to_very_often_still_changes():
+    class Enemy(T.GameNode):
+        alive = 0
+
+    root = T.GameNode(None, 7)
+    enemy = Enemy(root)
+    child = T.GameNode(enemy)
+    for _ in range(5000):
+        Enemy.alive += 1
+    assert (Enemy.alive, child.GetWX()) == (5000, 7)
+    Enemy.GetWX = lambda self: 50
+    assert child.GetWX() == 50
+    del Enemy.GetWX
+    assert child.GetWX() == 7
+    Enemy.x = property(lambda self: 30)
+    assert child.GetWX() == 37
+
+
+def test_very_many_classes_keep_their_own_methods():
+    classes = [type("C", (T.GameNode,), {"GetWX": lambda self, i=i: i}) for i in range(3000)]
+    plain = [type("P", (T.GameNode,), {}) for _ in range(3000)]
+    children = [T.GameNode(make(None, 5)) for pair in zip(classes, plain) for make in pair]
+    for _ in range(2):
+        found = [child.GetWX() for child in children]
+        assert found[::2] == list(range(3000)) and set(found[1::2]) == {5}
 
 
 def fail(error):
@@ -145,13 +289,20 @@ def test_what_a_script_raises_comes_out_unchanged_and_ends_the_frame_only(error)
     assert log == [2]
 
 
-def test_foreign_objects_in_every_place(screen):
+def test_foreign_parents_are_asked_by_name():
     dock = Recorder(9, GetSceneInstance="scene", GetWX=100)
     node = T.GameNode(dock, 1, 2)
     assert dock.calls[-1] == ("AddChild", (node,)) and node.sceneInstance == "scene"
     assert node.GetWXY() == (101, 11) and node.GetWSXY() == (9, 9) and node.GetWAngle() == 9
-    for parent in (1, "parent", object(), [1], T.GameLayer()):
-        pytest.raises(AttributeError, T.GameNode, parent)
+
+
+@pytest.mark.parametrize("parent", [1, "parent", object(), [1], T.GameLayer])
+def test_parents_without_the_methods_are_refused(screen, parent):
+    parent = parent() if parent is T.GameLayer else parent
+    pytest.raises(AttributeError, T.GameNode, parent)
+
+
+def test_foreign_children_are_asked_by_name(screen):
     parent, child = T.GameNode(None), Recorder(IsVisible=1, GetAllChildrens="xy")
     parent.AddChild(child)
     parent.draw(screen, 1, 2, 3)
@@ -159,3 +310,58 @@ def test_foreign_objects_in_every_place(screen):
     assert parent.GetAllChildrens() == ["x", "y", child]
     seen = [("SetSortIndex", (0,)), ("IsVisible", ()), ("draw", (screen, 1, 2, 3))]
     assert child.calls == [*seen, ("update", (0.5,)), ("GetAllChildrens", ())]
+
+
+# A chain of nodes; the last of them calls `act`.
+def chain(depth, act):
+    top = node = T.GameNode(None)
+    for _ in range(depth):
+        node = T.GameNode(node)
+    node.SetUpdateFunction(act)
+    return top
+
+
+def test_every_thread_counts_its_own_depth():
+    inside, leave, reached = threading.Event(), threading.Event(), []
+    deep = chain(600, lambda delay: (inside.set(), leave.wait(20)))
+    waiting = threading.Thread(target=deep.update, args=(1,))
+    waiting.start()
+    try:
+        assert inside.wait(20)
+        chain(600, reached.append).update(2)
+    finally:
+        leave.set()
+        waiting.join()
+    assert reached == [2]
+
+
+def test_every_thread_has_its_own_stack():
+    lines = script_output("""
+import sys, threading
+import Tessora as T
+sys.setrecursionlimit(1000000)
+def chain(depth):
+    nodes = [T.GameNode(None) for _ in range(depth)]
+    for above, node in zip(nodes, nodes[1:]):
+        above.children.append(node)
+    return nodes
+def work():
+    for depth in (500, 60000):
+        try:
+            chain(depth)[0].update(1)
+            print("reached")
+        except RecursionError:
+            print("refused")
+inside, leave = threading.Event(), threading.Event()
+threading.stack_size(1 << 20)
+waiting = chain(5)
+waiting[-1].SetUpdateFunction(lambda delay: (inside.set(), leave.wait(20)))
+threads = [threading.Thread(target=waiting[0].update, args=(1,)), threading.Thread(target=work)]
+threads[0].start()
+inside.wait(20)
+threads[1].start()
+threads[1].join()
+leave.set()
+threads[0].join()
+""")
+    assert lines == ["reached", "refused"]

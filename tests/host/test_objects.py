@@ -16,56 +16,114 @@ def thing(request, screen):
     return MAKERS[request.param]()
 
 
-def test_vars_is_a_live_mapping(thing):
+def test_vars_is_a_mapping_in_the_order_of_construction(thing):
     values = vars(thing)
     names = list(values)
     assert isinstance(values, collections.abc.MutableMapping)
-    assert vars(thing) == values == thing.__dict__ == dict(values) == values.copy()
+    assert values == vars(thing) == thing.__dict__ == dict(values) == values.copy()
     thing.own1, values["own2"] = 1, []
     assert list(values) == list(values.keys()) == [*names, "own1", "own2"]
     assert values.setdefault("own2", 5) is thing.own2 is list(values.items())[-1][1]
-    assert values.pop("own1") == 1 and not hasattr(thing, "own1") and values.get("own1") is None
-    values.update(own2="b", own3=3)
-    del values["own2"]
-    for missing in ("own2", 5, None):
-        assert missing not in values and pytest.raises(KeyError, values.pop, missing)
-        pytest.raises(KeyError, values.__delitem__, missing)
-    for name in names:
+
+
+def test_vars_is_live(thing):
+    values = vars(thing)
+    thing.own = 1
+    assert values["own"] == values.pop("own") == 1 and not hasattr(thing, "own")
+    values.update(own="b")
+    del values["own"]
+    assert not hasattr(thing, "own") and values.get("own") is None
+    for name in list(values):
         values[name] = 5
         assert getattr(thing, name) == 5
         delattr(thing, name)
         assert name not in values and not hasattr(thing, name)
         pytest.raises(AttributeError, delattr, thing, name).match(name)
-    assert dict(vars(thing)) == {"own3": 3} and len(values) == 1
-    values.clear()
-    assert dict(values) == {} and not hasattr(thing, "own3")
-    # The mapping outlives its object.
+    assert dict(values) == {} and len(values) == 0
+
+
+@pytest.mark.parametrize("key", ["unknown", 5, None])
+def test_unknown_keys(thing, key):
+    assert key not in vars(thing)
+    for method in ("pop", "__delitem__", "__getitem__"):
+        pytest.raises(KeyError, getattr(vars(thing), method), key)
+
+
+def test_the_mapping_outlives_its_object():
     values = vars(T.GameNode(None, 5))
     values[type("Name", (str,), {})("x")] += 1
     assert values["x"] == 6 and "'x': 6" in repr(values)
 
 
-def test_class_attributes_and_properties(screen):
-    log, body = [], {"visible": False, "x": 99, "running": "default", "angle": lambda self: 5}
-    for base in (T.GameNode, type("Base", (T.GameNode,), {"visible": 3})):
-        hero = type("Hero", (base,), body)(None, 1, 2)
-        hero.draw(screen)
-        assert hero.visible is True and hero.x == hero.WX == 1 and hero.running == "default"
-        assert hero.angle == hero.GetWAngle() == 0.0 and "running" not in vars(hero)
-        del hero.x
-        assert hero.x == 99 and "x" not in vars(hero)
-    # A property wins, for the engine too.
+@pytest.mark.parametrize("base", [T.GameNode, type("Base", (T.GameNode,), {"visible": 3})])
+def test_instance_attributes_win_over_plain_class_attributes(screen, base):
+    class Hero(base):
+        visible, x, running = False, 99, "default"
+
+        def angle(self):
+            return 5
+
+    hero = Hero(None, 1, 2)
+    hero.draw(screen)
+    assert hero.visible is True and hero.x == hero.WX == 1 and hero.running == "default"
+    assert hero.angle == hero.GetWAngle() == 0.0 and "running" not in vars(hero)
+    del hero.x
+    assert hero.x == 99 and "x" not in vars(hero)
+
+
+def test_a_property_wins_over_the_attribute_for_the_engine_too():
+    log = []
     place = property(lambda node: 40, lambda node, value: log.append(value))
-    cls = type("Shaky", (T.GameNode,), {"x": place})
-    node = cls(None, 3)
+    node = type("Shaky", (T.GameNode,), {"x": place})(None, 3)
     node.SetXY(5, 0)
     assert log == [3, 5] and "x" not in vars(node)
     assert (node.x, node.GetXY(), T.GameNode(node, 2).GetWX()) == (40, (40, 0), 42)
     node.draw_begin(1, 0, 2)
     assert node.WX == 81
-    # A descriptor written by hand, set on a living class.
+
+
+def test_a_descriptor_set_on_a_living_class():
+    cls = type("Hero", (T.GameNode,), {})
+    node = cls(None, 3)
     cls.x = type("Twice", (), {"__get__": lambda *a: 8, "__set__": lambda *a: None})()
     assert node.GetWX() == 8
+
+
+@pytest.mark.parametrize("make", [lambda node: {"x": 7, "own": 1}, vars, lambda node: {}])
+def test_the_mapping_can_be_replaced(make):
+    node, other = make_node(None, x=7, own=1), T.GameNode(None)
+    values = dict(make(node))
+    other.old, other.__dict__ = 1, make(node)
+    assert dict(vars(other)) == values and not hasattr(other, "old")
+    assert other.GetX() == 7 if values else not hasattr(other, "x")
+    node.__dict__ = vars(node)
+    assert (node.x, node.own) == (7, 1)
+
+
+@pytest.mark.parametrize("value", [None, 5, [("x", 1, 2)], "text"])
+def test_only_a_mapping_replaces_it(value):
+    node = T.GameNode(None, 3)
+    pytest.raises((TypeError, ValueError), setattr, node, "__dict__", value)
+    pytest.raises(TypeError, delattr, node, "__dict__")
+    assert node.x == 3
+
+
+def test_a_finalizer_set_on_an_engine_class_runs(monkeypatch):
+    gone = []
+    monkeypatch.setattr(T.GAction, "__del__", lambda action: gone.append(action), raising=False)
+    for cls in (T.GAction, T.MoveToAction, type("Script", (T.GAction,), {})):
+        action = cls(*(1, 2, 3)[: 3 * (cls is T.MoveToAction)])
+        action = id(action)
+        assert [id(each) for each in gone] == [action], cls
+        gone.clear()
+
+
+def test_a_finalizer_may_keep_the_object(monkeypatch):
+    kept = []
+    monkeypatch.setattr(T.GUI_Button, "__del__", lambda w: kept.append(w), raising=False)
+    widget = T.GUI_Button(None, 5)
+    del widget
+    assert len(kept) == 1 and kept.pop().GetX() == 5
 
 
 def spying(name, seen):

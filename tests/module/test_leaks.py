@@ -57,70 +57,106 @@ def play(node):
     node.visible, node.angle = True, 0
 
 
-REFUSED = """
-T.GameNode(); T.GameNode(None, 1, 2, 3); T.GameNode(None, nonsense=1); T.GameNode(object())
-w.node.SetX(); w.node.SetX(1, 2); w.node.SetX(y=1); w.node.unknown; w.node.Clamp("a", 1, 2)
-T.GameNode(None, "x").GetWX(); T.GameNode.GetX(5); w.node.GetBindingVar("none"); w.loop.GetLeft()
-w.node.OnKeyDownFunction([]); T.MoveToAction(1, "a", 2); T.ActionPlayer().Run(); T.checkPtInRect(1)
-T.checkPtInRect("a", 0, 0, 0, 0, 0); T.tree_to_dict(BROKEN_PLIST); w.root.OnPickDownFunction("a", 1)
-make_node(UpdateFunction=lambda delay: [].pop()).update(1); w.layer.AddPoint(); T.read_rect({})
-make_node(make_node(), OnPickDownFunction=lambda x, y: int("x")).parent.OnPickDownFunction(1, 1)
-"""
-OPERATIONS = """
-node: T.GameNode(None, 70000, 2.5); make_node(T.GameNode(None)).parent.OnDestroy()
-image: T.GUI_Image(None, 70000, 2.5)
-picture: i = T.GUI_Image(); i.image = PICTURE; i.draw(w.screen, 0, 0, 1.0)
-button: T.GUI_Button(None, 1, 2, "text")
-script class: type("Hero", (T.GameNode,), {"x": 1})(None)
-no constructor: T.GameNode.__new__(T.GameNode); T.GameNode.__init__(make_node(), None, 70000)
-copies: copy.copy(w.node); copy.deepcopy(T.GAction()); w.middle.CopyTo(T.GameNode(None))
-world values: w.node.GetWXY(); w.node.GetSizeRect(); w.node.GetCenterXY(); w.root.GetLeft()
-frame: w.root.draw(w.screen, 5, 6, 1.5); w.root.update(0.5); w.root.OnLoad(w.scene)
-helpers: T.tree_to_dict(PLIST); T.checkRectCollision(T.Rect(0, 0, 5, 5), T.Rect(1, 1, 5, 5), 1, 1)
-overlays: make_node(rectvisible=1, anchorvisible=1, width=9, x=5.5).draw(w.screen)
-children: n = make_node(w.root); w.root.LayerDownChild(n); w.root.RemoveChild(n)
-actions: play(w.node)
-attributes: attributes(w.middle)
-accessors: accessors(SCRIPT(None))
-keys: w.root.SetKeyDownFunction("a", int); w.root.OnKeyDownFunction("a"); \
-w.root.SetBindingPoint("p", 0, 70000, 2)
-events: w.root.SetBindingEvent("e", "go", "c"); w.root.CallEvent("e", {"a": 70000})
-inner: w.layer.SetInnerBindingEvent("Load", "go", []); w.layer.CallInnerEvent("Load")
-clean: w.root.CleanUpBindingEvent(); w.root.checkCollision(w.node, 1, 1)
-press: w.root.OnPickDownFunction(1, 1); w.root.OnEditRectDraging(2, 3); \
-w.root.OnPickUpFunction(9, 9); w.root.GetAllChildrens()
-layer: w.layer.DelGameNode(w.layer.AddGameNode(make_node())); w.layer.update(0)
-later: n = w.layer.AddGameNode(make_node(), False); w.layer.draw(w.screen); \
-w.layer.DelGameNode(n); w.layer.update(0)
-scroll: w.layer.LayerDownGameNode(0); w.layer.SetAutoScroll(1, 70000.5); w.layer.update(0.5)
-foreign: n = SCRIPT(Recorder(5)); n.children.append(Recorder()); make_node(n).GetWXY(); n.update(1)
-cycle: n = SCRIPT(None); n.update = n.draw; n.userData = [n, vars(n), n.GetX]; make_node(n).GetWXY()
-refused: refused(*REFUSED)
-recursion: refused(RECURSION)
-"""
-OPERATIONS = dict(line.split(": ", 1) for line in OPERATIONS.strip().splitlines())
-REFUSED = [compile(c.strip(), "", "eval") for c in REFUSED.replace("\n", ";").split(";") if c]
-RECURSION = compile("w.loop.update(1)", "", "eval")
+# Calls that fail.
+REFUSED = [lambda w: T.GameNode(), lambda w: T.GameNode(None, 1, 2, 3), lambda w: w.node.SetX()]
+REFUSED += [lambda w: T.GameNode(None, no=1), lambda w: T.GameNode(object()), lambda w: w.node.no]
+REFUSED += [lambda w: w.node.SetX(1, 2), lambda w: w.node.SetX(y=1), lambda w: w.loop.GetLeft()]
+REFUSED += [lambda w: w.node.Clamp("a", 1, 2), lambda w: w.node.GetBindingVar("none")]
+REFUSED += [lambda w: w.node.OnKeyDownFunction([]), lambda w: w.root.OnPickDownFunction("a", 1)]
+REFUSED += [lambda w: T.GameNode(None, "x").GetWX(), lambda w: T.GameNode.GetX(5)]
+REFUSED += [lambda w: T.MoveToAction(1, "a", 2), lambda w: T.ActionPlayer().Run()]
+REFUSED += [lambda w: T.checkPtInRect(1), lambda w: T.checkPtInRect("a", 0, 0, 0, 0, 0)]
+REFUSED += [lambda w: T.read_rect({}), lambda w: T.tree_to_dict(BROKEN_PLIST)]
+REFUSED += [lambda w: make_node(UpdateFunction=lambda delay: [].pop()).update(1)]
+REFUSED += [lambda w: make_node(children=[5]).OnPickDownFunction(1, 1)]
+
+
+def refuse(w, *calls):
+    for call in calls:
+        with contextlib.suppress(Exception):
+            call(w)
+
+
+def picture(w):
+    widget = T.GUI_Image()
+    widget.image = PICTURE
+    widget.draw(w.screen, 0, 0, 1.0)
+
+
+def children(w):
+    node = make_node(w.root)
+    w.root.LayerDownChild(node), w.root.RemoveChild(node)
+
+
+def later(w):
+    number = w.layer.AddGameNode(make_node(), False)
+    w.layer.draw(w.screen), w.layer.DelGameNode(number), w.layer.update(0)
+
+
+def foreign(w):
+    node = SCRIPT(Recorder(5))
+    node.children.append(Recorder())
+    make_node(node).GetWXY(), node.update(1)
+
+
+def cycle(w):
+    node = SCRIPT(None)
+    node.update, node.userData = node.draw, [node, vars(node), node.GetX]
+    make_node(node).GetWXY()
+
+
+RECT, EVENT = T.Rect(0, 0, 5, 5), ("e", {"a": 70000})
+OPERATIONS = {
+    "picture": picture,
+    "children": children,
+    "later": later,
+    "foreign": foreign,
+    "node": lambda w: make_node(T.GameNode(None, 70000, 2.5)).parent.OnDestroy(),
+    "no constructor": lambda w: T.GameNode.__init__(T.GameNode.__new__(T.GameNode), None, 70000),
+    "constructor again": lambda w: T.GameNode.__init__(make_node(), None, 70000),
+    "image": lambda w: T.GUI_Image(None, 70000, 2.5),
+    "button": lambda w: T.GUI_Button(None, 1, 2, "text"),
+    "script class": lambda w: type("Hero", (T.GameNode,), {"x": 1})(None),
+    "copies": lambda w: (copy.copy(w.node), copy.deepcopy(T.GAction())),
+    "copying": lambda w: w.middle.CopyTo(T.GameNode(None)),
+    "world values": lambda w: (w.node.GetWXY(), w.node.GetSizeRect(), w.node.GetCenterXY()),
+    "edges": lambda w: w.root.GetLeft(),
+    "draw": lambda w: (w.root.draw(w.screen, 5, 6, 1.5), w.root.OnLoad(w.scene)),
+    "update": lambda w: w.root.update(0.5),
+    "property list": lambda w: T.tree_to_dict(PLIST),
+    "rectangles": lambda w: T.checkRectCollision(RECT, RECT.copy(), 1, 1),
+    "overlays": lambda w: make_node(rectvisible=1, anchorvisible=1, width=9, x=5.5).draw(w.screen),
+    "actions": lambda w: play(w.node),
+    "attributes": lambda w: attributes(w.middle),
+    "accessors": lambda w: accessors(SCRIPT(None)),
+    "keys": lambda w: (w.root.SetKeyDownFunction("a", int), w.root.OnKeyDownFunction("a")),
+    "points": lambda w: w.root.SetBindingPoint("p", 0, 70000, 2),
+    "events": lambda w: (w.root.SetBindingEvent("e", "go", "c"), w.root.CallEvent(*EVENT)),
+    "inner": lambda w: w.layer.SetInnerBindingEvent("Load", "go", []),
+    "inner call": lambda w: w.layer.CallInnerEvent("Load"),
+    "collision": lambda w: (w.root.CleanUpBindingEvent(), w.root.checkCollision(w.node, 1, 1)),
+    "press": lambda w: (w.root.OnPickDownFunction(1, 1), w.root.OnEditRectDraging(2, 3)),
+    "release": lambda w: (w.root.OnPickUpFunction(9, 9), w.root.GetAllChildrens()),
+    "layer": lambda w: (w.layer.DelGameNode(w.layer.AddGameNode(make_node())), w.layer.update(0)),
+    "scroll": lambda w: (w.layer.SetAutoScroll(1, 70000.5), w.layer.update(0.5)),
+    "cycle": cycle,
+    "refused": lambda w: refuse(w, *REFUSED),
+    "recursion": lambda w: refuse(w, lambda w: w.loop.update(1)),
+}
 # Costly ones are repeated less often.
 SLOW = {"recursion": 20, "accessors": 5, "script class": 10, "button": 5, "refused": 20}
-SLOW.update(later=2, frame=2, actions=2, copies=2)
+SLOW.update(later=2, draw=2, actions=2, copies=2)
 COUNTED = [None, True, False, "", (), 0, 1, -1, PICTURE, *engine_classes(T)]
 
 
 @pytest.mark.parametrize("name", OPERATIONS)
 def test_repetition_keeps_no_memory(screen, capsys, name):
-    def refused(*codes):
-        for code in codes:
-            with pytest.raises(Exception):  # noqa: B017
-                eval(code, globals(), names)
-
-    names = {"w": World(screen), "refused": refused, "copy": copy, "Recorder": Recorder}
-    operation, chunk = compile(OPERATIONS[name], name, "exec"), CHUNK // SLOW.get(name, 1)
+    world, operation, chunk = World(screen), OPERATIONS[name], CHUNK // SLOW.get(name, 1)
 
     def repeat():
         for _ in range(chunk):
-            exec(operation, globals(), names)
-        names["w"].scene.calls.clear()
+            operation(world)
+        world.scene.calls.clear()
         capsys.readouterr()
         gc.collect()
         gc.collect()

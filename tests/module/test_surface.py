@@ -16,6 +16,13 @@ VALUES.update(g_EngineAPI="Pygame", GUI_WINDOW_BGCOLOR=pygame.Color(128, 128, 12
 FUNCTIONS = "checkPtInRect checkRectInRect checkRectCollision tree_to_dict read_rect read_keyValue"
 BASES = dict.fromkeys("GameLayer GameNode PyGameResManager GAction".split(), "object")
 BASES.update(GUI_Image="GameNode", GUI_Label="GUI_Image", GUI_Button="GUI_Label")
+BASES.update(GameCharacter="GUI_Image", TiledMap="GameNode")
+BASES.update(GUI_CheckButton="GUI_Button", GUI_RadioButton="GUI_Button", GUI_Edit="GUI_Label")
+BASES.update(GUI_Text="GUI_Edit")
+BASES.update(dict.fromkeys("GUI_HProgressBar GUI_VProgressBar GUI_MsgBox".split(), "GUI_Label"))
+BARS = "GUI_Scale GUI_VScrollBar GUI_HScrollBar GUI_ListBox GUI_ComboBox GUI_Tree"
+BASES.update(dict.fromkeys(BARS.split(), "GUI_Image"), TreeItemNode="object")
+BASES.update(Particle="GUI_Image", ParticleEmitter="GameNode")
 ACTIONS = "ActionPlayer CallBackAction BlinkAction MoveToAction MoveByAction ScaleToAction"
 BASES.update(dict.fromkeys(ACTIONS.split(), "GAction"), ScaleByAction="GAction")
 BASES.update(RotateToAction="GAction", RotateByAction="GAction")

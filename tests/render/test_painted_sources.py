@@ -62,7 +62,7 @@ def test_open_views_and_surfaces_that_are_easily_confused(screen, look):
     del memory
     array = pygame.PixelArray(image)
     for index in range(3):
-        array[index, 2] = 0xFF0009FF + index
+        array[index, 2] = (0, 9, 255 - index, 255)
         # A locked surface is refused by some of the calls; the engine refuses it as they do.
         assert_widget(widget, screen)
     array.close()

@@ -1,0 +1,275 @@
+"""Frame atlases and animations in property lists, as packers write them."""
+
+import plistlib
+
+import pygame
+import pytest
+import Tessora as T
+from helpers import outcomes
+from picture_oracle import assert_same, noise
+from resource_files import write_file, write_png
+
+RECTS = {"a.png": (0, 0, 16, 12), "b.png": (20, 3, 7, 30), "c.png": (40, 40, 24, 24)}
+
+
+# The text of a point or size, or of a rectangle.
+def braced(*values):
+    if len(values) == 4:
+        return f"{{{braced(*values[:2])},{braced(*values[2:])}}}"
+    return f"{{{values[0]},{values[1]}}}"
+
+
+# A frame's entry, by layout.
+def modern(rect, rotated=False, source=None, offset=None, **more):
+    entry = {"frame": braced(*rect), "rotated": rotated, **more}
+    entry.update({"sourceSize": braced(*source)} if source else {})
+    entry.update({"offset": braced(*offset)} if offset else {})
+    return entry
+
+
+def older(rect, rotated=False, source=None, offset=None, **more):
+    entry = {"textureRect": braced(*rect), "textureRotated": rotated, "aliases": [], **more}
+    entry.update({"spriteSourceSize": braced(*source)} if source else {})
+    entry.update({"spriteOffset": braced(*offset)} if offset else {})
+    return entry
+
+
+def oldest(rect, rotated=False, source=None, offset=None):
+    entry = dict(zip(("x", "y", "width", "height"), rect))
+    entry.update(zip(("originalWidth", "originalHeight"), source or ()))
+    entry.update(zip(("offsetX", "offsetY"), offset or (0.0, 0.0)))
+    return entry
+
+
+LAYOUTS = [modern, older, oldest]
+
+
+@pytest.fixture
+def load(screen, tmp_path, monkeypatch):
+    """Writes an atlas and its sheets, and loads it into a widget."""
+
+    def make(frames, sheets, *args, **metadata):
+        root = {"frames": frames, "texture": {"deep": {"er": [1, {"x": 2}, 2.5], "yes": True}}}
+        root.update({"metadata": metadata} if metadata else {})
+        write_file(tmp_path / "one.plist", plistlib.dumps(root, sort_keys=False))
+        for name, sheet in sheets.items():
+            write_png(tmp_path / name, sheet)
+        monkeypatch.setattr(T, "Res", T.PyGameResManager(str(tmp_path)))
+        widget = T.GUI_Image()
+        widget.LoadImageFramesPList("one.plist", *args)
+        return widget
+
+    return make
+
+
+SHEET = noise((64, 64), 1)
+
+
+@pytest.mark.parametrize("layout", LAYOUTS)
+def test_layouts(load, layout):
+    widget = load({name: layout(rect) for name, rect in RECTS.items()}, {"one.png": SHEET})
+    assert (widget.imageCount, widget.GetPlistFile()) == (3, "one.plist")
+    assert {name: tuple(rect) for name, rect in widget.imageFrameRectArray.items()} == RECTS
+    for frame, rect in zip(widget.imageArray, RECTS.values()):
+        assert_same(frame, SHEET.subsurface(rect))
+    assert widget.image is widget.imageArray[0]
+
+
+@pytest.mark.parametrize("name", ["x", "image", "imageCount", "imageFrameRectArray", "plistFile"])
+def test_scripts_may_have_properties_over_the_attributes(load, monkeypatch, name):
+    place = property(lambda self: self.kept, lambda self, value: setattr(self, "kept", value))
+    monkeypatch.setattr(T, "GUI_Image", type("Script", (T.GUI_Image,), {name: place}))
+    widget = load({"a": modern(RECTS["a.png"])}, {"one.png": SHEET})
+    assert_same(widget.image, SHEET.subsurface(RECTS["a.png"]))
+
+
+NAMED = {"realTextureFileName": "real.png", "textureFileName": "named.png"}
+# The files that exist, the argument, and the sheet that is taken.
+SHEETS = [
+    (["one.png", "real.png", "named.png", "given.png"], ["GIVEN.png"], "given.png"),
+    (["one.png", "real.png", "named.png"], [], "one.png"),
+    (["real.png", "named.png"], [], "real.png"),
+    (["named.png"], [], "named.png"),
+]
+
+
+@pytest.mark.parametrize(("files", "argument", "taken"), SHEETS)
+def test_where_the_sheet_is_looked_for(load, files, argument, taken):
+    sheets = {name: noise((16, 12), name) for name in files}
+    widget = load({"a": modern((0, 0, 16, 12))}, sheets, *argument, **NAMED)
+    assert_same(widget.image, sheets[taken])
+
+
+TRIM = (4, 6, 12, 8)
+# Offset of the centre, y upwards, and where the 12 x 8 pixels lie in 20 x 30.
+OFFSETS = [(None, (4, 11)), ((0, 0), (4, 11)), ((3, 0), (7, 11)), ((0, 5), (4, 6))]
+OFFSETS += [((-4, -11), (0, 22)), ((2.5, 0.5), (6, 10)), ((-3.5, 2), (0, 9))]
+OFFSETS += [((0.5, -1.5), (4, 12))]
+
+
+def trimmed(frame):
+    return frame.get_size(), tuple(frame.get_bounding_rect())
+
+
+@pytest.mark.parametrize("layout", LAYOUTS)
+@pytest.mark.parametrize(("offset", "place"), OFFSETS)
+def test_trimmed_frames(load, layout, offset, place):
+    sheet = noise((64, 64), 1)
+    sheet.fill((200, 100, 50, 255), TRIM)
+    widget = load({"a": layout(TRIM, False, (20, 30), offset)}, {"one.png": sheet})
+    assert trimmed(widget.image) == ((20, 30), (*place, 12, 8))
+    assert widget.image.get_at((place[0] + 1, place[1] + 1)) == (200, 100, 50, 255)
+
+
+def test_odd_trims_lie_half_a_pixel_beside_the_middle(load):
+    sheet = noise((64, 64), 1)
+    sheet.fill((200, 100, 50, 255), (4, 6, 13, 9))
+    frames = {"a": modern((4, 6, 13, 9), False, (20, 30), (-3.5, 0.5))}
+    assert trimmed(load(frames, {"one.png": sheet}).image) == ((20, 30), (0, 10, 13, 9))
+
+
+@pytest.mark.parametrize("layout", [modern, older])
+def test_rotated_frames_are_turned_back(load, layout):
+    widget = load({"a": layout((10, 30, 20, 9), True)}, {"one.png": SHEET})
+    assert_same(widget.image, pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 20)), 90))
+
+
+# Some packers give the rectangle as it lies on the sheet; the size of the sprite tells.
+@pytest.mark.parametrize("layout", [modern, older])
+@pytest.mark.parametrize("rect", [(10, 30, 20, 9), (10, 30, 9, 20)], ids=["upright", "as it lies"])
+def test_rotated_rectangles_of_both_kinds(load, layout, rect):
+    frames = {"a": layout(rect, True, (26, 15), spriteSize="{20,9}")}
+    frame = load(frames, {"one.png": SHEET}).image
+    turned = pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 20)), 90)
+    assert frame.get_size() == (26, 15)
+    assert_same(frame.subsurface((3, 3, 20, 9)), turned)
+
+
+def test_square_and_unrotated_rectangles_are_as_they_lie(load):
+    frames = {"square": modern((10, 30, 9, 9), True, spriteSize="{9,9}")}
+    frames["plain"] = modern((10, 30, 9, 20), False, spriteSize="{20,9}")
+    square, plain = load(frames, {"one.png": SHEET}).imageArray
+    assert_same(square, pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 9)), 90))
+    assert_same(plain, SHEET.subsurface((10, 30, 9, 20)))
+
+
+def test_frames_larger_than_their_sheet(load):
+    frame = load({"a": modern(TRIM, False, (100, 80))}, {"one.png": SHEET}).image
+    assert frame.get_size() == (100, 80) and frame.get_bounding_rect().size == (12, 8)
+
+
+WALK = {"walk": {"frames": ["b.png", "c.png", "b.png"], "delay": 0.25}}
+
+
+@pytest.mark.parametrize("root", [WALK, {"animations": WALK}], ids=["plain", "nested"])
+@pytest.mark.parametrize("arguments", [(), ("walk",)])
+def test_animations_of_atlas_frames(load, tmp_path, root, arguments):
+    write_file(tmp_path / "moves.plist", plistlib.dumps(root))
+    widget = load({name: modern(rect) for name, rect in RECTS.items()}, {"one.png": SHEET})
+    widget.LoadAnimationPlist("moves.plist", *arguments)
+    assert (widget.currActionName, widget.imageSwitchDelay) == ("walk", 0.25)
+    assert [frame.get_width() for frame in widget.imageArray] == [7, 24, 7]
+    assert widget.imageCount == 3 and widget.image is widget.imageArray[0]
+
+
+def test_animations_of_image_files(screen, tmp_path, monkeypatch):
+    for name in RECTS:
+        write_png(tmp_path / name, noise((9, 5), name))
+    write_file(tmp_path / "moves.plist", plistlib.dumps(WALK))
+    monkeypatch.setattr(T, "Res", T.PyGameResManager(str(tmp_path)))
+    widget = T.GUI_Image()
+    widget.LoadAnimationPlist(plistFile="moves.plist", actionName="walk")
+    assert [frame.get_width() for frame in widget.imageArray] == [9] * 3
+
+
+@pytest.mark.parametrize("delay", ["0.25", " 0.25", 0.25])
+def test_a_delay_may_be_written_as_a_text(load, tmp_path, delay):
+    moves = {"walk": {"frames": ["b.png", "c.png"], "delay": delay}}
+    write_file(tmp_path / "moves.plist", plistlib.dumps(moves))
+    widget = load({name: modern(rect) for name, rect in RECTS.items()}, {"one.png": SHEET})
+    widget.LoadAnimationPlist("moves.plist")
+    widget.SetAutoSwitch(True)
+    widget.update(0.25)
+    assert (widget.imageSwitchDelay, widget.imageIndex) == (0.25, 1)
+
+
+GOOD = modern((0, 0, 4, 4))
+# What is wrong with the frame called "hero".
+BAD_FRAMES = {
+    "outside": (modern((60, 60, 9, 9)), ValueError),
+    "negative": (modern((-1, 0, 4, 4)), ValueError),
+    "no number": ({**GOOD, "frame": "{{a,0},{4,4}}"}, ValueError),
+    "three numbers": ({**GOOD, "frame": "{{0,0},{4}}"}, ValueError),
+    "wide as 2**32": (modern((0, 0, 4294967296, 4)), ValueError),
+    "wide as 2**32 + 4": (modern((0, 0, 4294967300, 4)), ValueError),
+    "far away": (modern((2**31 - 1, 0, 4, 4)), ValueError),
+    "huge": (modern((0, 0, 4, 4), False, (9000, 9000)), ValueError),
+    "bad offset": (modern((0, 0, 4, 4), False, (8, 8), ("a", 0)), ValueError),
+    "endless offset": (modern((0, 0, 4, 4), False, (8, 8), ("nan", "inf")), ValueError),
+    "no rectangle": ({}, KeyError),
+}
+
+
+@pytest.mark.parametrize("name", BAD_FRAMES)
+def test_errors_name_the_file_and_the_frame(load, name):
+    frame, error = BAD_FRAMES[name]
+    with pytest.raises(error) as caught:
+        load({"fine": GOOD, "hero": frame}, {"one.png": SHEET})
+    assert "one.plist" in str(caught.value) and "hero" in str(caught.value)
+
+
+# A packer may leave nothing of an empty picture.
+def test_frames_without_pixels(tmp_path):
+    write_png(tmp_path / "one.png", SHEET)
+    for size in ((0, 8), (8, 0), (0, 0)):
+        frames = {"frames": {"a": modern((0, 0, *size))}}
+        write_file(tmp_path / "{}x{}.plist".format(*size), plistlib.dumps(frames))
+    prelude = f"T.Res = T.PyGameResManager({str(tmp_path)!r})"
+    piece = """
+widget = T.GUI_Image()
+widget.LoadImageFramesPList("{0}x{1}.plist", "one.png")
+assert widget.image.get_size() == ({0}, {1})
+widget.draw(screen, 0, 0, 1.0)
+"""
+    pieces = {name: piece.format(*name) for name in ("08", "80", "00")}
+    found = outcomes(pieces, prelude)
+    assert {how for how in found.values() if how != "fine"} <= {"ValueError"}, found
+
+
+def test_a_missing_sheet_is_named(load):
+    with pytest.raises(AttributeError, match="one.p"):
+        load({"a": GOOD}, {})
+
+
+MOVES = {"delay": ({"frames": ["a"]}, KeyError), "frames": ({"delay": 1}, KeyError)}
+MOVES["soon"] = ({"frames": ["a"], "delay": "soon"}, ValueError)
+
+
+@pytest.mark.parametrize("missing", MOVES)
+def test_errors_name_the_file_and_the_animation(load, tmp_path, missing):
+    widget, (entry, error) = load({"a": GOOD}, {"one.png": SHEET}), MOVES[missing]
+    write_file(tmp_path / "moves.plist", plistlib.dumps({"walk": entry}))
+    T.Res.AddNewResFile(str(tmp_path / "moves.plist"))
+    with pytest.raises(error) as caught:
+        widget.LoadAnimationPlist("moves.plist")
+    assert all(word in str(caught.value) for word in ("moves.plist", "walk", missing))
+
+
+def test_a_failure_leaves_the_atlas_before(load, tmp_path):
+    widget = load({"a": GOOD}, {"one.png": SHEET})
+    before = dict(vars(widget))
+    write_file(tmp_path / "bad.plist", plistlib.dumps({"frames": {"hero": {}}}))
+    T.Res.AddNewResFile(str(tmp_path / "bad.plist"))
+    pytest.raises(KeyError, widget.LoadImageFramesPList, "bad.plist", "one.png")
+    assert dict(vars(widget)) == before
+
+
+def test_painting_a_frame_changes_nothing_else(load):
+    frames = {name: modern(RECTS["a.png"]) for name in "ab"}
+    widget = load(frames, {"one.png": SHEET})
+    first, second = widget.imageArray
+    first.fill((1, 2, 3, 4))
+    assert_same(second, SHEET.subsurface(RECTS["a.png"]))
+    assert_same(T.Res.LoadImage("one.png"), SHEET)
+    T.Res.LoadImage("one.png").fill((9, 9, 9, 9))
+    assert_same(second, SHEET.subsurface(RECTS["a.png"]))

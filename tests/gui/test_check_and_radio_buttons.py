@@ -1,0 +1,294 @@
+"""Check and radio buttons: their looks, their box, and what a click does."""
+
+import math
+from types import SimpleNamespace
+
+import pygame
+import pytest
+import Tessora as T
+from picture_oracle import LOOK, Place, assert_draws, draw_widget, dress, ground, noise
+
+AWAY, INSIDE = (300, 200), (60, 40)
+STATES = {"": (AWAY, False), "_hover": (INSIDE, False), "_click": (INSIDE, True)}
+COLORS = {"": (10, 20, 200, 255), "_hover": (20, 200, 30, 255), "_click": (200, 30, 40, 255)}
+DARK = pygame.Color(64, 64, 64)
+
+
+@pytest.fixture
+def pointer(monkeypatch):
+    pointer = SimpleNamespace(place=AWAY)
+    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
+    return pointer
+
+
+def check_button(**changes):
+    widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30)
+    for state, (red, green, blue, alpha) in COLORS.items():
+        setattr(widget, "bgColor" + state, pygame.Color(red, green, blue, alpha))
+        setattr(widget, f"bgColor{state}_checked", pygame.Color(blue, red, green, alpha))
+    return dress(widget, **changes)
+
+
+def radio_button(**changes):
+    widget = dress(T.GUI_RadioButton(None, 40, 30), textVisible=False, height=30)
+    for state, color in COLORS.items():
+        setattr(widget, "bgColor" + state, pygame.Color(*color))
+    return dress(widget, **changes)
+
+
+def empty_sheet(side):
+    sheet = pygame.Surface((int(side), int(side))).convert_alpha()
+    sheet.fill((0, 0, 0, 0))
+    return sheet
+
+
+def drawn_check_box(side, width, marked):
+    sheet, near, far = empty_sheet(side), side * 0.1, side - side * 0.1 - 1
+    corners = [(near, near), (far, near), (far, far), (near, far)]
+    for start, end in zip(corners, corners[1:] + corners[:1]):
+        pygame.draw.line(sheet, DARK, min(start, end), max(start, end), width)
+    if marked:
+        inner, tip = side * 0.2, side * 0.4
+        outer = side - inner - 1
+        pygame.draw.line(sheet, DARK, (inner, side * 0.5), (tip, outer), width)
+        pygame.draw.line(sheet, DARK, (tip, outer), (outer, inner), width)
+    return sheet
+
+
+# Drawn four times as large, so that smoothscale rounds it.
+def drawn_radio_box(side, width, marked):
+    side, width = side * 4, width * 4
+    sheet, near = empty_sheet(side), side * 0.1
+    for step in range(width):
+        for extent in (side - 2 * near - 2 * step, side - 2 * near - 2 * step - 1):
+            box = near + step, near + step, extent, extent
+            for quarter in range(4):
+                start = math.pi / 2 * quarter + math.pi / 4
+                pygame.draw.arc(sheet, DARK, box, start, start + math.pi / 2, 1)
+    if marked:
+        pygame.draw.circle(sheet, DARK, (side / 2, side / 2), side / 2 - near - side * 0.2)
+    return sheet
+
+
+def draw_box(target, place, box, side):
+    size = int(side * place.WSX), int(side * place.WSY)
+    picture = pygame.transform.smoothscale(box, size)
+    if place.WAngle == 0:
+        top = place.WY + (place.height - side) * 0.5 * place.WSY
+        target.blit(picture.convert_alpha(), (int(place.WX), int(top)))
+        return
+    picture = pygame.transform.rotozoom(picture, place.WAngle, 1).convert_alpha()
+    turn, away = math.radians(place.WAngle), (place.width - side) * 0.5 * place.WSX
+    middle_x = place.WX + place.width / 2 * place.WSX - away * math.cos(turn)
+    middle_y = place.WY + place.height / 2 * place.WSY + away * math.sin(turn)
+    width, height = picture.get_size()
+    target.blit(picture, (int(middle_x - width / 2), int(middle_y - height / 2)))
+
+
+# `end` names the attributes of the look; `box` is drawn, or a picture.
+def assert_look(widget, screen, end, box, camera=(0, 0, 1.0)):
+    look = {name: getattr(widget, name) for name in LOOK}
+
+    def expected(target):
+        draw_widget(
+            target, camera, **dict(look, image=None, bgColor=getattr(widget, "bgColor" + end))
+        )
+        picture = getattr(widget, "image" + end)
+        if picture is not None:
+            draw_widget(target, camera, **dict(look, image=picture))
+        if box is not None:
+            draw_box(target, Place(look, camera), box, widget.height - widget.texttopgap)
+
+    screen.blit(ground(screen.get_size()), (0, 0))
+    assert_draws(widget, screen, expected, camera)
+
+
+DRAWN = {"check": (check_button, drawn_check_box), "radio": (radio_button, drawn_radio_box)}
+PLACES = [{}, {"angle": 25.0}, {"sx": 1.5, "sy": 0.75}, {"angle": -70.0, "sx": 1.3, "sy": 1.3}]
+PLACES += [{"borderwidth": 3, "texttopgap": 6}, {"style": "hollow"}, {"bgColor_hover": None}]
+
+
+@pytest.mark.parametrize("changes", PLACES, ids=str)
+@pytest.mark.parametrize("state", STATES)
+@pytest.mark.parametrize("kind", DRAWN)
+@pytest.mark.parametrize("value", [False, True])
+def test_looks_are_drawn_as_plain_calls_would(screen, pointer, kind, state, value, changes):
+    make, drawn = DRAWN[kind]
+    widget = make(**changes)
+    dress(widget, **{"CheckValue" if kind == "check" else "RadioValue": value})
+    pointer.place, widget.clicked = STATES[state]
+    pointer.place = INSIDE if state else AWAY
+    end = state + ("_checked" if value and kind == "check" else "")
+    box = drawn(widget.height - widget.texttopgap, widget.borderwidth, value)
+    for camera in ((0, 0, 1.0), (0, 0, 1.0), (-3, 4, 1.25)):
+        if state != "_hover" or camera[2] == 1.0:
+            assert_look(widget, screen, end, box, camera)
+
+
+@pytest.mark.parametrize("angle", [0.0, 30.0])
+@pytest.mark.parametrize("state", STATES)
+def test_box_pictures(screen, pointer, state, angle):
+    pointer.place, clicked = STATES[state]
+    for value, end in ((False, ""), (True, "_checked")):
+        widget = check_button(angle=angle, CheckValue=value, clicked=clicked)
+        box = noise((11, 7), 4)
+        setattr(widget, f"image_checkbox{state}{end}", box)
+        setattr(widget, f"image{state}{end}", noise((20, 10), 5))
+        assert_look(widget, screen, state + end, box)
+    widget = radio_button(angle=angle, clicked=clicked, RadioValue=True)
+    setattr(widget, "image_radiobox" + state, box)
+    assert_look(widget, screen, state, box)
+
+
+@pytest.mark.parametrize("kind", DRAWN)
+def test_hidden_boxes_leave_the_text_in_its_place(screen, pointer, kind):
+    widget, gaps = DRAWN[kind][0](text="ab", textleftgap=5), []
+    widget.drawText = lambda surface, text, color: gaps.append((text, widget.textleftgap))
+    for visible in (True, False):
+        getattr(widget, f"Set{kind.title()}BoxVisible")(visible)
+        widget.draw(screen)
+    assert gaps == [("ab", 5 + 28), ("ab", 5)]
+    assert (widget.textleftgap, widget.texttopgap) == (5, 2)
+
+
+@pytest.mark.parametrize("make", [T.GUI_CheckButton, T.GUI_RadioButton])
+def test_the_gaps_come_back_when_the_text_fails(screen, make):
+    seen = []
+
+    class Failing(make):
+        def drawText(self, surface, *args):
+            seen.append(self.textleftgap)
+            self.texttopgap = 9
+            raise LookupError("text")
+
+    widget = Failing(None, 0, 0)
+    pytest.raises(LookupError, widget.draw, screen)
+    assert seen == [2 + 18] and (widget.textleftgap, widget.texttopgap) == (2, 2)
+
+
+def test_boxes_without_room_are_left_out(screen):
+    for height in (2, 0, -5, float("nan")):
+        widget = dress(T.GUI_CheckButton(None, 10, 10), bgColor=None, height=height)
+        widget.draw(screen)
+        assert screen.get_bounding_rect().size == screen.get_size()
+    pytest.raises(TypeError, dress(widget, height="high").draw, screen)
+
+
+# Each makes the checked look of a fresh button another one.
+OWN_LOOKS = [("SetBGColor_Checked", (1, 2, 3)), ("SetTextColor_Hover_Checked", (1, 2, 3))]
+OWN_LOOKS += [("SetTextColor_Click_Checked", (9, 2, 3)), ("SetBGColor", (1, 2, 3))]
+OWN_LOOKS += [("SetImage_Checked", ("a.png",)), ("SetImage_Click_Checked", ("a.png",))]
+OWN_LOOKS += [("SetImage_CheckBox_Checked", ("a.png",)), ("SetImage_CheckBox", ("a.png",))]
+
+
+def picture_of(widget, screen):
+    screen.blit(ground(screen.get_size()), (0, 0))
+    widget.draw(screen)
+    return pygame.image.tobytes(screen, "RGB")
+
+
+def test_a_fresh_button_looks_the_same_checked(screen, pointer):
+    widget = T.GUI_CheckButton(None, 40, 30, "text")
+    pictures = set()
+    for value in (False, True):
+        widget.SetChecked(value)
+        pictures.add(picture_of(widget, screen))
+        widget.SetBGColor_Checked(128, 128, 128)
+        widget.SetBGColor_Checked(*T.GUI_WINDOW_BGCOLOR[:3])
+        widget.bgColor_checked = pygame.Color(*T.GUI_WINDOW_BGCOLOR)
+    assert len(pictures) == 1
+
+
+@pytest.mark.parametrize(("setter", "values"), OWN_LOOKS)
+def test_the_mark_shows_once_the_checked_look_is_its_own(
+    screen, pointer, monkeypatch, setter, values
+):
+    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
+    widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30, CheckValue=True)
+    assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
+    getattr(widget, setter)(*values)
+    box = widget.image_checkbox_checked or drawn_check_box(28, 2, True)
+    assert_look(widget, screen, "_checked", box)
+    box = widget.image_checkbox or drawn_check_box(28, 2, False)
+    assert_look(dress(widget, CheckValue=False), screen, "", box)
+
+
+def test_checked_colours_are_the_unchecked_objects():
+    widget = T.GUI_CheckButton()
+    for name in ("textColor", "bgColor"):
+        for state in STATES:
+            assert getattr(widget, f"{name}{state}_checked") is getattr(widget, name + state)
+
+
+@pytest.mark.parametrize("kind", ["Button", "RadioButton", None])
+def test_only_their_own_kind_is_hovered(screen, pointer, kind):
+    pointer.place = INSIDE
+    widget = check_button(NodeType=kind)
+    assert_look(widget, screen, "", drawn_check_box(28, 2, False))
+
+
+def click(widget, down=INSIDE, up=INSIDE):
+    widget.OnPickDownFunction(*down)
+    return widget.OnPickUpFunction(*up)
+
+
+def test_a_click_checks_before_the_callback(pointer):
+    widget, seen = check_button(), []
+    widget.SetPickUpFunction(lambda node: seen.append(node.IsChecked()))
+    for expected in (True, False):
+        assert click(widget) is widget
+        assert widget.CheckValue is expected
+    # Not: released elsewhere, pressed elsewhere, disabled, hidden, without releases.
+    click(widget, INSIDE, AWAY)
+    click(widget, AWAY, INSIDE)
+    for name in ("enable", "visible", "Enable_PickUp"):
+        setattr(widget, name, False)
+        click(widget)
+        setattr(widget, name, True)
+        widget.clicked = False
+    assert widget.CheckValue is False and seen[:2] == [True, False]
+
+
+def test_scripts_decide_what_checking_means():
+    seen = []
+    cls = type("Own", (T.GUI_CheckButton,), {"SetChecked": lambda self, value: seen.append(value)})
+    widget = cls(None, 40, 30)
+    click(widget)
+    widget.IsChecked = lambda: 5
+    click(widget)
+    assert seen == [True, False] and widget.CheckValue is False
+
+
+def test_a_click_chooses_among_the_parents_radio_buttons():
+    parent, other = T.GUI_Image(None), T.GUI_Image(None)
+    first, second = [T.GUI_RadioButton(parent, 40, 30 + 30 * row) for row in range(2)]
+    check, stranger = T.GUI_CheckButton(parent, 200, 0), T.GUI_RadioButton(other)
+    stranger.SetRadioValue(True)
+    check.SetChecked(True)
+    parent.children.append(object())
+    for chosen, place in ((second, (60, 65)), (first, INSIDE), (first, INSIDE)):
+        click(chosen, place, place)
+        assert [first.RadioValue, second.RadioValue] == [chosen is first, chosen is second]
+    assert stranger.RadioValue is True and check.CheckValue is True
+    alone = T.GUI_RadioButton(None, 40, 30)
+    click(alone)
+    assert alone.GetRadioValue() is True
+
+
+def test_checked_pictures_of_radio_boxes_are_kept_but_not_drawn(screen, pointer, monkeypatch):
+    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
+    widget = radio_button(RadioValue=True)
+    for state in ("", "_Hover", "_Click"):
+        before = list(vars(widget))
+        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is None
+        assert list(vars(widget)) == before
+        getattr(widget, f"SetImage_RadioBox{state}_Checked")("a.png")
+        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is not None
+    assert_look(widget, screen, "", drawn_radio_box(28, 2, True))
+
+
+@pytest.mark.parametrize("name", ["CheckValue", "bgColor_checked", "checkboxVisible", "clicked"])
+def test_deleted_attributes_are_ordinary_errors(screen, name):
+    widget = check_button(CheckValue=True)
+    delattr(widget, name)
+    pytest.raises(AttributeError, widget.draw, screen)

@@ -1,0 +1,137 @@
+"""CopyTo of nodes, images, labels and buttons."""
+
+from types import SimpleNamespace
+
+import pygame
+import pytest
+import Tessora as T
+from helpers import Recorder, make_node, outcomes
+from picture_oracle import dress
+from pygame import Color
+
+# Every attribute that is copied, with a value that is no default.
+NODE = {"x": 3, "y": 4, "sx": 2, "sy": 3, "angle": 15, "anchorx": 0.5, "anchory": 1, "width": 33}
+NODE.update(height=44, visible=False, collisionType=1, collisionInfo=(1, 2), rectvisible=True)
+NODE.update(anchorvisible=True, editrectenable=True, editrectvisible=True, CheckPickDownChild=False)
+NODE.update(userData="mine", Enable_PickDown=False, Enable_PickUp=False, UpdateFunction=min)
+NODE.update(PickDownFunction=max, PickUpFunction=len)
+TABLES = {"KeyDownFunctionDict": {"a": len}, "KeyUpFunctionDict": {"b": len}}
+TABLES.update(BindingVarArray={"life": 3}, BindingPointArray={"hand": (1, 2, 3)})
+TABLES.update(BindingEventArray={"hit": ["f", "code"]})
+TABLES.update(InnerBindingEventArray={"Load": [None, [], []]})
+IMAGE = {"bgColor": Color(1, 2, 3, 4), "alpha": 90, "image": 3, "imageArray": [1, 2]}
+IMAGE.update(imageFrameRectArray={"a": (1, 2, 3, 4)}, imagefiles=["a.png"], imageCount=7)
+IMAGE.update(imageIndex=2, imageDelay=0.5, imageSwitchDelay=0.7, imageAutoSwitch=1)
+IMAGE.update(plistFile="a.plist", currActionName="walk", originalImage="other", autosize=2)
+IMAGE.update(blendtype=pygame.BLEND_ADD, borderwidth=5, borderVisible=2, borderColor=Color(9, 8, 7))
+IMAGE.update(borderColor_LT=Color(1, 1, 1), imageAnchor="s", borderColor_RB=Color(2, 2, 2))
+IMAGE.update(coll_visible=True, coll_rectArray={"a": [1]}, style="sunken", enable=False)
+LABEL = {"text": "copied", "showChar": "*", "font": 9, "fontname": "mine", "textVisible": 2}
+LABEL.update(HAlign="left", VAlign="top", textColor=Color(5, 6, 7, 8), textleftgap=7, texttopgap=8)
+BUTTON = {"textColor_hover": Color(1, 2, 3), "textColor_click": Color(1, 3, 3)}
+BUTTON.update(bgColor_hover=Color(1, 4, 3), bgColor_click=Color(4, 5, 6), image_hover=4)
+BUTTON.update(image_hover_File="x", image_click=4, image_click_File="y")
+ALL = {**NODE, **TABLES, **IMAGE, **LABEL, **BUTTON}
+
+
+@pytest.fixture
+def button(screen, monkeypatch):
+    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: 4))
+    return dress(T.GUI_Button(), **ALL)
+
+
+@pytest.mark.parametrize("name", ALL)
+def test_every_attribute_is_copied(button, name):
+    other = T.GUI_Button()
+    button.CopyTo(other)
+    assert getattr(other, name) == ALL[name]
+
+
+def test_what_ties_a_node_to_its_place_stays(button):
+    parent = T.GUI_Image()
+    other = T.GUI_Button(parent)
+    child = T.GUI_Image(other)
+    T.GUI_Image(button)
+    button.SetInstanceID(9)
+    before = dict(vars(other))
+    button.CopyTo(other)
+    assert {n for n in before if getattr(other, n) is not before[n]} <= set(ALL)
+    assert other.children == [child] and parent.children == [other]
+
+
+# Kind of the other widget, and the parts that it takes over.
+KINDS = {"Button": [LABEL, BUTTON], "Label": [LABEL], "CheckButton": [BUTTON]}
+KINDS.update(RadioButton=[BUTTON], Own=[])
+
+
+@pytest.mark.parametrize("kind", KINDS)
+def test_the_node_type_says_what_is_taken_over(button, kind):
+    other, fresh = dress(T.GUI_Button(), NodeType=kind), T.GUI_Button()
+    button.CopyTo(other)
+    for part in (LABEL, BUTTON):
+        wanted = part if part in KINDS[kind] else {name: getattr(fresh, name) for name in part}
+        compared = set(part) - {"font", *IMAGE}
+        assert {n: getattr(other, n) for n in compared} == {n: wanted[n] for n in compared}
+    assert other.NodeType == kind
+
+
+CHANGED_IN_PLACE = [*TABLES, "bgColor", "imageArray", "imageFrameRectArray", "coll_rectArray"]
+CHANGED_IN_PLACE += ["imagefiles", "borderColor", "borderColor_LT", "textColor", "textColor_hover"]
+
+
+@pytest.mark.parametrize("name", CHANGED_IN_PLACE)
+def test_what_scripts_change_in_place_is_not_shared(button, name):
+    other = T.GUI_Button()
+    button.CopyTo(other)
+    assert getattr(other, name) is not getattr(button, name)
+
+
+def test_lists_of_collision_rectangles_are_not_shared(button):
+    other = T.GUI_Image()
+    button.CopyTo(other)
+    other.AddCollRect("a", (0, 0, 1, 1))
+    assert button.GetCollRect("a") == [1]
+
+
+@pytest.mark.parametrize("table", ["BindingEventArray", "InnerBindingEventArray"])
+def test_entries_of_the_event_tables_are_not_shared(table):
+    source, other = T.GameNode(None), T.GameNode(None)
+    getattr(source, table)["Load"] = ["f", "code"]
+    source.CopyTo(other)
+    getattr(other, table)["Load"][0] = "changed"
+    assert getattr(source, table)["Load"] == ["f", "code"]
+
+
+def test_setters_of_the_other_node_are_called():
+    seen = []
+    cls = type("Target", (T.GameNode,), {"SetXY": lambda self, *place: seen.append(place)})
+    make_node(None, x=3, y=4).CopyTo(cls(None))
+    assert (3, 4) in seen
+
+
+def test_anything_that_is_no_node_is_refused():
+    pytest.raises(AttributeError, T.GUI_Button().CopyTo, None)
+
+
+# The name of the font is asked for by its method, as scripts do.
+DELETABLE = [name for name in ALL if name not in ("font", "fontname")]
+
+
+def test_deleted_attributes_are_passed_over():
+    script = """
+source, other = T.GUI_Button(), T.GUI_Button()
+source.text, source.angle, before = "copied", 30, getattr(other, {name!r})
+delattr(source, {name!r})
+source.CopyTo(other)
+assert getattr(other, {name!r}) == before
+assert other.text == "copied" or {name!r} == "text"
+assert other.angle == 30 or {name!r} == "angle"
+"""
+    found = outcomes({name: script.format(name=name) for name in DELETABLE})
+    assert {name: how for name, how in found.items() if how != "fine"} == {}
+
+
+def test_foreign_nodes_take_what_they_have_setters_for():
+    other = Recorder()
+    make_node(None, x=3, y=4).CopyTo(other)
+    assert ("SetXY", (3, 4)) in other.calls

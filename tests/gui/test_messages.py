@@ -1,0 +1,151 @@
+"""Errors name the file or the attribute that they are about."""
+
+import pathlib
+
+import pygame
+import pytest
+import Tessora as T
+from helpers import ink
+from picture_oracle import dress
+from resource_files import default_font_file, write_file, write_png, write_wav
+
+
+@pytest.fixture
+def res(screen, tmp_path, monkeypatch):
+    monkeypatch.setattr(T, "Res", T.PyGameResManager(str(tmp_path)))
+    return tmp_path
+
+
+FILES = {
+    "image": lambda: T.GUI_Image().SetImage("hero.png"),
+    "frames": lambda: T.GUI_Image().SetImage(["hero.png", "other.png"]),
+    "hovered": lambda: T.GUI_Button().SetImage_Hover("hero.png"),
+    "font": lambda: T.GUI_Label(None, 0, 0, "text", "hero.ttf"),
+    "atlas": lambda: T.GUI_Image().LoadImageFramesPList("hero.plist"),
+    "animation": lambda: T.GUI_Image().LoadAnimationPlist("hero.plist"),
+}
+
+
+@pytest.mark.parametrize("kind", FILES)
+def test_without_resource_manager(screen, monkeypatch, kind):
+    monkeypatch.setattr(T, "Res", None)
+    with pytest.raises(AttributeError) as caught:
+        FILES[kind]()
+    assert "Res" in str(caught.value) and "hero" in str(caught.value)
+
+
+MISSING = {"font": AttributeError, "atlas": TypeError, "animation": TypeError}
+
+
+@pytest.mark.parametrize("kind", MISSING)
+def test_missing_files(res, kind):
+    with pytest.raises(MISSING[kind], match="hero"):
+        FILES[kind]()
+
+
+SURFACE = pygame.Surface((4, 4), pygame.SRCALPHA)
+RAISED = {"style": "raised", "borderVisible": True}
+OUTLINED = {"style": "solid", "borderVisible": True}
+PICTURE = {"image": SURFACE}
+# The attribute, its value, what makes the widget read it, and the error.
+WRONG = [
+    (T.GUI_Image, "image", 5, {}, TypeError),
+    (T.GUI_Image, "image", "hero.png", {}, TypeError),
+    (T.GUI_Image, "width", "wide", {}, TypeError),
+    (T.GUI_Image, "width", "wide", PICTURE, TypeError),
+    (T.GUI_Image, "height", None, PICTURE, TypeError),
+    (T.GUI_Image, "alpha", "clear", {}, TypeError),
+    (T.GUI_Image, "bgColor", "no color", {}, ValueError),
+    (T.GUI_Image, "bgColor", (300, 0, 0), PICTURE, ValueError),
+    (T.GUI_Image, "borderwidth", "x", RAISED, TypeError),
+    (T.GUI_Image, "borderColor_LT", "no color", RAISED, ValueError),
+    (T.GUI_Image, "borderColor", "no color", OUTLINED, ValueError),
+    (T.GUI_Image, "coll_rectArray", {"a": [5]}, {"coll_visible": True}, TypeError),
+    (T.GUI_Label, "text", 5, {}, TypeError),
+    (T.GUI_Label, "font", None, {"text": "text"}, AttributeError),
+    (T.GUI_Label, "textColor", "no color", {"text": "text"}, ValueError),
+    (T.GUI_Label, "textleftgap", "x", {"text": "text", "HAlign": "left"}, TypeError),
+    (T.GUI_Button, "bgColor_click", "no color", {"clicked": True}, ValueError),
+]
+WRONG_IDS = [f"{name} {value!r}" for _, name, value, _, _ in WRONG]
+
+
+@pytest.mark.parametrize(("cls", "name", "value", "look", "error"), WRONG, ids=WRONG_IDS)
+def test_a_wrong_type_is_named_when_it_is_drawn(screen, cls, name, value, look, error):
+    widget = dress(cls(), **{**look, name: value})
+    with pytest.raises(error, match=rf"\b{name}\b"):
+        widget.draw(screen, 0, 0, 1.0)
+
+
+@pytest.mark.parametrize("frames", [5, [5], [SURFACE, {}], object], ids=str)
+def test_frames_that_are_neither_files_nor_surfaces_are_named(screen, frames):
+    widget = T.GUI_Image()
+    with pytest.raises(TypeError, match=r"\b(SetImage|image|imagefiles)\b"):
+        widget.SetImage(frames)
+        for _ in range(2):
+            widget.draw(screen, 0, 0, 1.0)
+            widget.SwitchImage(1)
+
+
+# What takes the name of a file takes a path.
+PATHS = {
+    "SetImage": lambda path: T.GUI_Image().SetImage(path("hero.png")),
+    "SetImage, frames": lambda path: T.GUI_Image().SetImage([path("hero.png"), path("hero.png")]),
+    "SetImage, atlas": lambda path: T.GUI_Image().SetImage(path("hero.plist")),
+    "SetImage_Hover": lambda path: T.GUI_Button().SetImage_Hover(path("hero.png")),
+    "SetImage_Click": lambda path: T.GUI_Button().SetImage_Click(path("hero.png")),
+    "LoadImageFramesPList": lambda path: T.GUI_Image().LoadImageFramesPList(
+        path("hero.plist"), path("hero.png")
+    ),
+    "CreateFont": lambda path: T.GUI_Label().CreateFont(path("hero.ttf"), 20),
+    "GetResPath": lambda path: T.Res.GetResPath(path("hero.png")),
+    "LoadImage": lambda path: T.Res.LoadImage(path("hero.png")),
+    "GetImageListFiles": lambda path: T.Res.GetImageListFiles(path("hero.png")),
+    "GetFont": lambda path: T.Res.GetFont(path("hero.ttf"), 20),
+    "PlaySound": lambda path: T.Res.PlaySound(path("hero.wav")),
+    "PlayMusic": lambda path: T.Res.PlayMusic(path("hero.wav")),
+}
+FRAME = b"<key>frame</key><string>{{0,0},{4,4}}</string>"
+FRAMES = b"<key>frames</key><dict><key>a</key><dict>%s</dict></dict>" % FRAME
+
+
+@pytest.mark.parametrize("name", PATHS)
+def test_paths_do_for_file_names(res, capsys, name):
+    write_png(res / "hero.png")
+    write_wav(res / "hero.wav", 1)
+    write_file(res / "hero.plist", b"<plist><dict>%s</dict></plist>" % FRAMES)
+    with open(default_font_file(), "rb") as font:
+        write_file(res / "hero.ttf", font.read())
+    T.Res.FoundAllResFile(str(res))
+    results = []
+    for path in (str, pathlib.PurePosixPath):
+        result = PATHS[name](path)
+        results.append((type(result), result == -1, capsys.readouterr().out))
+        T.Res.ReleaseAllImageMemeory()
+    assert results[0] == results[1]
+
+
+def test_a_path_names_a_folder_and_a_new_file(res):
+    write_png(res / "deep" / "hero.png")
+    manager = T.PyGameResManager(pathlib.Path(str(res)))
+    assert manager.LoadImage("hero.png").get_size() == (8, 8)
+    manager.AddNewResFile(res / "deep" / "other.png")
+    assert manager.GetResPath("other.png")
+
+
+def test_a_picture_given_by_path_is_drawn(res, screen):
+    write_png(res / "hero.png", pygame.Surface((4, 4)))
+    T.Res.FoundAllResFile(str(res))
+    widget = T.GUI_Image()
+    widget.SetImage(pathlib.PurePosixPath("hero.png"))
+    assert widget.image.get_size() == (4, 4)
+    widget.draw(screen, 0, 0, 1.0)
+
+
+@pytest.mark.parametrize("text", ["\u200b", "\u200b\u200b", "", "\ufeff"])
+def test_a_text_without_width_draws_nothing(screen, text):
+    widget = dress(T.GUI_Label(), bgColor=None, text=text)
+    for _ in range(3):
+        widget.draw(screen, 0, 0, 1.0)
+    dress(widget, angle=30.0).draw(screen, 0, 0, 1.0)
+    assert ink(screen).size == (0, 0)

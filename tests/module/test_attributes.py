@@ -1,0 +1,285 @@
+"""Attributes of all classes: order, defaults and accessors."""
+
+from unittest.mock import ANY
+
+import pygame
+import pytest
+import Tessora as T
+from pygame import Color
+from pygame.math import Vector2
+
+EVENTS = {name: [None, [], []] for name in ("Load", "Update", "Render", "Destroy")}
+EVENTS.update({name: [None, ["px", "py"], []] for name in ("PickDown", "PickUp")})
+LAYER_EVENTS = {name: [None, []] for name in (*EVENTS, "PickTile")}
+# In the order in which the attributes are made.
+NODE = {"NodeType": "GameNode", "sceneInstance": None, "parent": None, "children": []}
+NODE.update(sortIndex=0, KeyDownFunctionDict={}, KeyUpFunctionDict={}, BindingVarArray={})
+NODE.update(BindingEventArray={}, BindingPointArray={}, InnerBindingEventArray=EVENTS)
+NODE.update(PickDownFunction=None, Enable_PickDown=True, PickUpFunction=None)
+NODE.update(Enable_PickUp=True, UpdateFunction=None, x=0, y=0, sx=1.0, sy=1.0)
+NODE.update(angle=0.0, width=0, height=0, anchorx=0.0, anchory=0.0, instanceID=-1)
+NODE.update(visible=True, ActionPlayer=None, rectvisible=False, anchorvisible=False)
+NODE.update(lock_xysa=False, WSX=1.0, WSY=1.0, WAngle=0.0, WX=0.0, WY=0.0)
+NODE.update(clicked=False, CheckPickDownChild=True, collisionType=-1, collisionInfo=None)
+NODE.update(editrectenable=False, editrectvisible=False, dragcornerindex=-2)
+NODE.update(dragbegin_x=-1, dragbegin_y=-1, focusIn=False, userData=None)
+LAYER = {"sceneInstance": None, "NodeType": "GameLayer", "LayerName": None, "GameNodeDict": {}}
+LAYER.update(SortGameNodeInstanceIDArray=[], GameNodeKeyArray=[], AddGameNodeDict={})
+LAYER.update(DelGameNodeArray=[], BindingEventArray={}, PointArray=[], LineArray=[])
+LAYER.update(RectArray=[], InnerBindingEventArray=LAYER_EVENTS, UserFunctionDict={})
+LAYER.update(instanceID=0, visible=True, scrollType=0, scrollSpeed=0, scrollPosX=0)
+LAYER.update(scrollPosY=0, font=ANY)
+MANAGER = {"resdir": "none", "fontdir": None, "fileDict": {}, "ImageDict": {}, "soundDict": {}}
+MANAGER.update(ImageDict_MemManage_List=[], ImageDict_MemManage_Total=100)
+MANAGER.update(ImageDict_MemManage_Count=0, SceneJsonDict=[], soundPlayCount=0)
+BLACK, WINDOW = Color("black"), Color(128, 128, 128, 128)
+IMAGE = {**NODE, "NodeType": "Image", "width": 100, "height": 100, "bgColor": Color("white")}
+IMAGE.update(alpha=255, image=None, imageArray=None, imageFrameRectArray={})
+IMAGE.update(imagefiles=None, imageCount=0, imageIndex=0, imageDelay=0)
+IMAGE.update(imageSwitchDelay=0.1, imageAutoSwitch=False, plistFile=None)
+IMAGE.update(currActionName=None, originalImage=None, autosize=False)
+IMAGE.update(blendtype=pygame.BLEND_MULT, borderwidth=2, borderVisible=False)
+IMAGE.update(borderColor=WINDOW, borderColor_LT=Color(218, 218, 218))
+IMAGE.update(borderColor_RB=Color(64, 64, 64), imageAnchor="wn", coll_visible=False)
+IMAGE.update(coll_rectArray={}, style="flat", enable=True)
+LABEL = {**IMAGE, "NodeType": "Label", "text": "", "font": ANY, "fontname": "Arial"}
+LABEL.update(fontsize=16, fontbold=False, fontitalic=False, fontunderline=False)
+LABEL.update(strikethrough=False, textColor=BLACK, HAlign="center", VAlign="center")
+LABEL.update(textleftgap=2, texttopgap=2, textVisible=True, showChar=None)
+BUTTON = {**LABEL, "NodeType": "Button", "bgColor": Color(168, 168, 168), "borderVisible": True}
+BUTTON.update(style="raised", textColor_hover=BLACK, bgColor_hover=Color(128, 128, 128))
+BUTTON.update(image_hover=None, image_hover_File=None, image_click_File=None)
+BUTTON.update(textColor_click=BLACK, bgColor_click=Color(96, 96, 96), image_click=None)
+CHARACTER = {**IMAGE, "NodeType": "GameCharacter", "imagefiles": [], "imageArray": {}}
+CHARACTER.update(ActionArray={}, ActionFpsDelayArray={}, ActionLoop=False, ActionPlaying=False)
+CHARACTER.update(currActionFrameIndex=0, currActionFrameTime=0, currActionEndframe=0)
+CHARACTER.update(currActionEndCallBackFunction=None, currActionEndCallBackParams=None)
+CHARACTER.update(currOffsetX=0, currOffsetY=0, imageDict={}, PickedPartObj=None, moveDir=[0, 0])
+CHARACTER.update(dropSpeed=0, isJumping=False, isPlayer=False, isDead=False)
+CHARACTER.update(rectListVisible=True, UserFunctionDict={})
+VARIABLES = {"life": 100, "speed": 0, "jumpspeed": 0, "gravity": 0, "check_block": False}
+VARIABLES.update(check_collision=False, check_eventrect=False)
+CHARACTER.update(CharacterBindingVarArray=VARIABLES)
+CHECK = {**BUTTON, "NodeType": "CheckButton", "width": 120, "height": 20, "bgColor": WINDOW}
+CHECK.update(style="flat", CheckValue=False, HAlign="left")
+for state, level in (("", WINDOW), ("_hover", Color(128, 128, 128)), ("_click", Color(96, 96, 96))):
+    CHECK.update({f"textColor{state}_checked": BLACK, f"bgColor{state}_checked": level})
+    CHECK[f"image{state}_checked"] = None
+STATES = ("", "_hover", "_click")
+CHECK.update(checkboxVisible=True, **{"image_checkbox" + state: None for state in STATES})
+CHECK.update({f"image_checkbox{state}_checked": None for state in STATES})
+RADIO = {**BUTTON, "NodeType": "RadioButton", "width": 120, "height": 20, "bgColor": WINDOW}
+RADIO.update(style="flat", HAlign="left", RadioValue=False, radioboxVisible=True)
+RADIO.update({"image_radiobox" + state: None for state in STATES})
+EDIT = {**LABEL, "NodeType": "Edit", "cursorColor": Color("white"), "bgColor": Color(96, 96, 96)}
+EDIT.update(bgColor_focusIn=Color(96, 96, 96), image_focusIn=None, image_focusIn_File="")
+EDIT.update(cursorPos=0, cursorshowtime=0.5, cursorlasttime=0.0, cursorvisible=False)
+EDIT.update(text_begin_index=0, text_end_index=0, max_char_count=50, HAlign="left")
+EDIT.update(ReturnCallBackFunc=None, style="sunken", borderVisible=True)
+TEXT = {**EDIT, "NodeType": "Text", "lineArray": [], "lineCount": 0, "lineIndex": 0}
+TEXT.update(showlineCount=ANY, cursorRow=0, lineHeight=ANY, linegap=2)
+ACTION = {"running": False, "targetNode": None, "runtime": 0, "over": False}
+TIMED = {**ACTION, "duration": 2}
+
+
+def vectors(name, source):
+    return {**TIMED, "src" + name: Vector2(source, source), "dst" + name: Vector2(3, 4)}
+
+
+TURN, XY = {**TIMED, "srcAngle": 0, "dstAngle": 3}, {"x": 0, "y": 0}
+LABEL_ARGUMENTS = {"parent": None, **XY, "text": "", "fontname": "Arial", "fontsize": 16}
+# Arguments of the constructor, and the attributes it makes.
+CLASSES = {
+    "GameNode": ({"parent": None, **XY}, NODE),
+    "GUI_Image": ({"parent": None, **XY}, IMAGE),
+    "GUI_Label": (LABEL_ARGUMENTS, LABEL),
+    "GUI_Button": (LABEL_ARGUMENTS, BUTTON),
+    "GUI_CheckButton": (LABEL_ARGUMENTS, CHECK),
+    "GUI_RadioButton": (LABEL_ARGUMENTS, RADIO),
+    "GUI_Edit": (LABEL_ARGUMENTS, EDIT),
+    "GUI_Text": (LABEL_ARGUMENTS, TEXT),
+    "GameCharacter": ({"parent": None, **XY}, CHARACTER),
+    "GameLayer": ({}, LAYER),
+    "PyGameResManager": ({"resdir": "none"}, MANAGER),
+    "GAction": ({}, ACTION),
+    "ActionPlayer": ({}, {"ActionArray": None, "ActionIndex": 0}),
+    "CallBackAction": (
+        {"duration": 2, "callbackFunc": len},
+        {**TIMED, "callbackFunc": len, "callbackParams": {}},
+    ),
+    "MoveToAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
+    "MoveByAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
+    "ScaleToAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 1)),
+    "ScaleByAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 0)),
+    "RotateToAction": ({"duration": 2, "angle": 3}, TURN),
+    "RotateByAction": ({"duration": 2, "angle": 3}, TURN),
+    "BlinkAction": (
+        {"duration": 2, "blinkcount": 4},
+        {**TIMED, "blinkcount": 4, "delaytime": 0.5, "blinkindex": 0},
+    ),
+}
+
+
+@pytest.mark.parametrize("name", CLASSES)
+def test_attributes_in_order_with_their_defaults(screen, name):
+    arguments, expected = CLASSES[name]
+    for thing in (getattr(T, name)(**arguments), getattr(T, name)(*arguments.values())):
+        assert list(vars(thing)) == list(expected) and dict(vars(thing)) == expected
+        # Equal is not enough: 0, 0.0 and False differ in what scripts print.
+        types = {key: type(value) for key, value in expected.items() if value is not ANY}
+        assert {key: type(getattr(thing, key)) for key in types} == types
+
+
+@pytest.mark.parametrize("name", CLASSES)
+def test_objects_share_no_default_that_can_change(screen, name):
+    arguments, expected = CLASSES[name]
+    first, second = [getattr(T, name)(**arguments) for _ in range(2)]
+    kinds = (list, dict, Vector2, Color)
+    changing = {key for key, value in expected.items() if isinstance(value, kinds)}
+    # Some colours are the module's own.
+    for key in (key for key in changing if expected[key] != WINDOW):
+        assert getattr(first, key) is not getattr(second, key), key
+
+
+@pytest.mark.parametrize("name", CLASSES)
+def test_arguments_that_do_not_fit_are_refused(screen, name):
+    cls, arguments = getattr(T, name), CLASSES[name][0]
+    pytest.raises(TypeError, cls, *arguments.values(), 1)
+    if name != "CallBackAction":
+        pytest.raises(TypeError, cls, **arguments, nonsense=1)
+    if arguments and not name.startswith(("GUI", "GameC")):
+        pytest.raises(TypeError, cls)
+
+
+def test_widgets_know_their_place_at_once_and_take_the_modules_colour(monkeypatch, screen):
+    parent = T.GUI_Image(None, 5, 6)
+    monkeypatch.setattr(T, "GUI_WINDOW_BGCOLOR", Color(1, 2, 3, 4))
+    for name in (name for name in CLASSES if name.startswith("GUI")):
+        cls = getattr(T, name)
+        widget = cls(y=40, parent=parent, x=30)
+        assert (parent.children[-1], widget.x, widget.WX, widget.WY) == (widget, 30, 35.0, 46.0)
+        assert widget.borderColor is T.GUI_WINDOW_BGCOLOR
+        if CLASSES[name][1]["bgColor"] == WINDOW:
+            assert widget.bgColor is T.GUI_WINDOW_BGCOLOR
+
+
+# Methods, and the attributes that they read or write.
+NODE_GETTERS = {"GetX": "x", "GetY": "y", "GetXY": ("x", "y"), "GetSX": "sx", "GetSY": "sy"}
+NODE_GETTERS.update(GetSXY=("sx", "sy"), GetAX="anchorx", GetAY="anchory")
+NODE_GETTERS.update(GetAXY=("anchorx", "anchory"), GetAngle="angle", GetWidth="width")
+NODE_GETTERS.update(GetHeight="height", IsVisible="visible", IsFocusIn="focusIn")
+NODE_GETTERS.update(IsAnchorVisible="anchorvisible", IsSizeRectVisible="rectvisible")
+NODE_GETTERS.update(GetCollision=("collisionType", "collisionInfo"))
+NODE_GETTERS.update(GetCheckPickDownChild="CheckPickDownChild", GetUserData="userData")
+NODE_GETTERS.update(GetSortIndex="sortIndex", GetInstanceID="instanceID", GetParent="parent")
+NODE_GETTERS.update(GetSceneInstance="sceneInstance", GetNodeType="NodeType")
+NODE_GETTERS.update(GetBindingEventArray="BindingEventArray")
+NODE_GETTERS.update(GetInnerBindingEventArray="InnerBindingEventArray")
+NODE_GETTERS.update(GetBindingPointArray="BindingPointArray", GetBindingVarArray="BindingVarArray")
+NODE_SETTERS = {"SetX": "x", "SetY": "y", "SetXY": ("x", "y"), "SetSX": "sx", "SetSY": "sy"}
+NODE_SETTERS.update(SetSXY=("sx", "sy"), SetAX="anchorx", SetAY="anchory")
+NODE_SETTERS.update(SetAXY=("anchorx", "anchory"), SetAngle="angle", SetWidth="width")
+NODE_SETTERS.update(SetHeight="height", SetVisible="visible", SetFocusIn="focusIn")
+NODE_SETTERS.update(SetAnchorVisible="anchorvisible", SetSizeRectVisible="rectvisible")
+NODE_SETTERS.update(SetCollision=("collisionType", "collisionInfo"))
+NODE_SETTERS.update(SetCheckPickDownChild="CheckPickDownChild", SetUserData="userData")
+NODE_SETTERS.update(SetSortIndex="sortIndex", SetInstanceID="instanceID")
+NODE_SETTERS.update(SetUpdateFunction="UpdateFunction", SetPickDownFunction="PickDownFunction")
+NODE_SETTERS.update(SetPickUpFunction="PickUpFunction", EnablePickDownEvent="Enable_PickDown")
+NODE_SETTERS.update(EnablePickUpEvent="Enable_PickUp", SetEditRectEnable="editrectenable")
+NODE_SETTERS.update(SetEditRectVisible="editrectvisible")
+LAYER_GETTERS = {"GetLayerName": "LayerName", "IsVisible": "visible"}
+LAYER_GETTERS.update(GetAutoScroll=("scrollType", "scrollSpeed"), GetSceneInstance="sceneInstance")
+LAYER_GETTERS.update(GetNodeType="NodeType", GetAllGameNode="GameNodeDict")
+LAYER_GETTERS.update(GetPointArray="PointArray", GetLineArray="LineArray", GetRectArray="RectArray")
+LAYER_SETTERS = {"SetLayerName": "LayerName", "SetVisible": "visible"}
+LAYER_SETTERS.update(SetAutoScroll=("scrollType", "scrollSpeed"))
+ACTION_GETTERS = {"IsRunning": "running", "GetRunTime": "runtime", "IsOver": "over"}
+ACTION_SETTERS = {"SetTarget": "targetNode"}
+BUTTON_GETTERS = {"GetSwitchImageDelay": "imageSwitchDelay", "GetBorderWidth": "borderwidth"}
+BUTTON_GETTERS.update(IsBorderVisible="borderVisible", GetTextLeftGap="textleftgap")
+BUTTON_GETTERS.update(GetTextTopGap="texttopgap", GetText="text", IsTextVisible="textVisible")
+BUTTON_GETTERS.update(GetBGColor="bgColor", GetTextHAlign="HAlign", GetTextVAlign="VAlign")
+BUTTON_GETTERS.update(GetShowChar="showChar", IsEnable="enable")
+BUTTON_GETTERS.update(GetImageFile_Hover="image_hover_File", GetImage_Hover="image_hover")
+BUTTON_GETTERS.update(GetImageFile_Click="image_click_File", GetImage_Click="image_click")
+BUTTON_GETTERS.update(GetTextColor_Hover="textColor_hover", GetTextColor="textColor")
+BUTTON_GETTERS.update(GetTextColor_Click="textColor_click", GetBorderColor="borderColor")
+BUTTON_GETTERS.update(GetBGColor_Hover="bgColor_hover", GetBGColor_Click="bgColor_click")
+BUTTON_GETTERS.update(GetImageAnchor="imageAnchor", GetFontStrikeThrough="strikethrough")
+BUTTON_GETTERS.update(GetCurrActionName="currActionName", GetCollRectArray="coll_rectArray")
+BUTTON_GETTERS.update(GetOriginalImage="originalImage", GetImageCount="imageCount")
+BUTTON_GETTERS.update(GetImageFiles="imagefiles", IsAutoImageSize="autosize")
+BUTTON_GETTERS.update(GetPlistFile="plistFile", GetBlendType="blendtype", GetFontSize="fontsize")
+BUTTON_GETTERS.update(GetFontName="fontname", GetFontBold="fontbold", GetFontItalic="fontitalic")
+BUTTON_GETTERS.update(GetFontUnderline="fontunderline", GetFont="font", GetImage="image")
+BUTTON_GETTERS.update(GetStyle="style", IsClicked="clicked")
+BUTTON_SETTERS = {"SetSwitchImageDelay": "imageSwitchDelay", "SetBorderWidth": "borderwidth"}
+BUTTON_SETTERS.update(SetBorderVisible="borderVisible", SetTextLeftGap="textleftgap")
+BUTTON_SETTERS.update(SetTextTopGap="texttopgap", SetText="text", SetTextVisible="textVisible")
+BUTTON_SETTERS.update(SetTextHAlign="HAlign", SetTextVAlign="VAlign", SetShowChar="showChar")
+BUTTON_SETTERS.update(SetEnable="enable", SetAutoSwitch="imageAutoSwitch")
+BUTTON_SETTERS.update(SetCollInfoVisible="coll_visible")
+CHARACTER_GETTERS = {"GetCurrFrameIndex": "currActionFrameIndex", "IsPlayer": "isPlayer"}
+CHARACTER_GETTERS.update(GetPickedPartObj="PickedPartObj", GetDropSpeed="dropSpeed")
+CHARACTER_GETTERS.update(IsJumpState="isJumping", IsDead="isDead")
+CHARACTER_GETTERS.update(GetCharacterBindingVarArray="CharacterBindingVarArray")
+CHARACTER_SETTERS = {
+    "SetCurrFrame": "currActionFrameIndex",
+    "SetRectListVisible": "rectListVisible",
+}
+GETTERS = {"GameNode": NODE_GETTERS, "GameLayer": LAYER_GETTERS, "GAction": ACTION_GETTERS}
+SETTERS = {"GameNode": NODE_SETTERS, "GameLayer": LAYER_SETTERS, "GAction": ACTION_SETTERS}
+GETTERS["GUI_Button"], SETTERS["GUI_Button"] = BUTTON_GETTERS, BUTTON_SETTERS
+GETTERS["GameCharacter"], SETTERS["GameCharacter"] = CHARACTER_GETTERS, CHARACTER_SETTERS
+GETTERS["GUI_CheckButton"] = {"IsChecked": "CheckValue", "IsCheckBoxVisible": "checkboxVisible"}
+SETTERS["GUI_CheckButton"] = {"SetChecked": "CheckValue", "SetCheckBoxVisible": "checkboxVisible"}
+GETTERS["GUI_RadioButton"] = {"GetRadioValue": "RadioValue"}
+GETTERS["GUI_RadioButton"]["IsRadioBoxVisible"] = "radioboxVisible"
+SETTERS["GUI_RadioButton"] = {"SetRadioValue": "RadioValue"}
+SETTERS["GUI_RadioButton"]["SetRadioBoxVisible"] = "radioboxVisible"
+for state in STATES:
+    for part, attribute in (("TextColor", "textColor"), ("BGColor", "bgColor"), ("Image", "image")):
+        GETTERS["GUI_CheckButton"][f"Get{part}{state.title()}_Checked"] = (
+            attribute + state + "_checked"
+        )
+    GETTERS["GUI_RadioButton"]["GetImage_RadioBox" + state.title()] = "image_radiobox" + state
+    for end in ("", "_checked"):
+        method = "GetImage_CheckBox" + state.title() + end.title()
+        GETTERS["GUI_CheckButton"][method] = "image_checkbox" + state + end
+GETTERS["GUI_Edit"] = {"GetCursorColor": "cursorColor", "GetBGColor_Focus": "bgColor_focusIn"}
+GETTERS["GUI_Edit"].update(GetImage_focusIn="image_focusIn")
+GETTERS["GUI_Edit"].update(GetImageFile_focusIn="image_focusIn_File")
+SETTERS["GUI_Edit"] = {"SetMaxCharCount": "max_char_count", "SetCursorPosition": "cursorPos"}
+SETTERS["GUI_Edit"].update(SetReturnCallBackFunc="ReturnCallBackFunc")
+GETTERS["GUI_Text"] = {"GetLineGap": "linegap", "GetLineHeight": "lineHeight"}
+
+
+def rows(tables):
+    return [(cls, method, table[method]) for cls, table in tables.items() for method in table]
+
+
+def names_of(attributes):
+    return [attributes] if isinstance(attributes, str) else list(attributes)
+
+
+@pytest.mark.parametrize(("cls", "method", "attributes"), rows(SETTERS))
+def test_setters_take_any_value_and_touch_nothing_else(screen, cls, method, attributes):
+    thing, names = getattr(T, cls)(**CLASSES[cls][0]), names_of(attributes)
+    before, values = dict(vars(thing)), [object() for _ in names]
+    assert getattr(thing, method)(*values) is None
+    changed = {name: value for name, value in vars(thing).items() if value is not before[name]}
+    assert changed == dict(zip(names, values))
+    pytest.raises(TypeError, getattr(thing, method), *values, 1)
+
+
+@pytest.mark.parametrize(("cls", "method", "attributes"), rows(GETTERS))
+def test_getters_return_what_is_stored(screen, cls, method, attributes):
+    thing, names = getattr(T, cls)(**CLASSES[cls][0]), names_of(attributes)
+    values = [object() for _ in names]
+    vars(thing).update(zip(names, values))
+    get = getattr(thing, method)
+    assert get() == (values[0] if isinstance(attributes, str) else tuple(values))
+    pytest.raises(TypeError, get, 1)
+    delattr(thing, names[-1])
+    pytest.raises(AttributeError, get)

@@ -1,0 +1,107 @@
+"""Places, sizes and cameras that no screen holds: nothing is drawn and nothing breaks."""
+
+import pytest
+from helpers import outcomes
+
+FAR = "[nan, inf, -inf, 1e300, -1e300, 1e30, 2.0**31, -2.0**31, 2**31, -(2**31), 2**40, 2**30 + 1]"
+PRELUDE = f"""
+from math import inf, nan
+FAR = {FAR}
+PICTURE = pygame.Surface((200, 150), pygame.SRCALPHA)
+PICTURE.fill((250, 100, 50))
+COLOR = pygame.Color(250, 250, 10)
+OVERLAYS = dict.fromkeys(("rectvisible", "anchorvisible", "editrectvisible"), True)
+BORDER = dict(borderVisible=True, borderwidth=3, borderColor=COLOR, bgColor=None)
+def widget(cls=T.GUI_Image, **values):
+    made = cls(None, 5, 5)
+    vars(made).update(values)
+    return made
+def text(**values):
+    look = dict(text="text", bgColor=None, textColor=COLOR, width=50, height=30)
+    return widget(T.GUI_Label, **look, **values)
+def pixels():
+    return pygame.image.tobytes(screen, "RGB")
+# What is far away in one direction or in both is not drawn.
+def draw_far(thing):
+    screen.fill((1, 2, 3))
+    before = pixels()
+    for far in FAR:
+        for thing.x, thing.y in ((far, 5), (5, far), (far, far)):
+            for _ in range(2):
+                thing.draw(screen, 0, 0, 1.0)
+            assert pixels() == before, (thing.x, thing.y)
+    thing.x = thing.y = 5
+    for far in FAR:
+        for camera in ((far, 0, 1.0), (0, far, 1.0)):
+            thing.draw(screen, *camera)
+            assert pixels() == before, camera
+    thing.draw(screen, 0, 0, 1.0)
+    assert pixels() != before
+# Sizes and scales may be refused, as long as the next draw is right again.
+def draw_large(thing, **good):
+    for name in ("width", "height", "sx", "sy"):
+        for far in FAR:
+            old = getattr(thing, name)
+            setattr(thing, name, far)
+            try:
+                thing.draw(screen, 0, 0, 1.0)
+            except (ValueError, OverflowError, TypeError, MemoryError, pygame.error):
+                pass
+            setattr(thing, name, old)
+    for scale in FAR:
+        try:
+            thing.draw(screen, 0, 0, scale)
+        except (ValueError, OverflowError, TypeError, MemoryError, pygame.error):
+            pass
+    thing.draw(screen, 0, 0, 1.0)
+"""
+THINGS = {
+    "picture": "widget(image=PICTURE, width=200, height=150)",
+    "small picture": "widget(image=PICTURE, width=20, height=15)",
+    "tinted picture": "widget(image=PICTURE, bgColor=COLOR, alpha=100)",
+    "turned picture": "widget(image=PICTURE, width=200, height=150, angle=30)",
+    "added picture": "widget(image=PICTURE, blendtype=pygame.BLEND_ADD)",
+    "background": "widget()",
+    "turned background": "widget(angle=30)",
+    "raised border": "widget(style='raised', **BORDER)",
+    "solid border": "widget(style='solid', **BORDER)",
+    "turned border": "widget(style='sunken', angle=30, **BORDER)",
+    "focus border": "widget(focusIn=True, bgColor=None)",
+    "outlines": "widget(coll_visible=True, coll_rectArray={'a': [(1, 2, 30, 20)]}, bgColor=None)",
+    "text": "text()",
+    "turned text": "text(angle=30)",
+    "button": "widget(T.GUI_Button)",
+    "overlays": "widget(bgColor=None, **OVERLAYS)",
+}
+
+
+def wrong(found):
+    return {name: how for name, how in found.items() if how != "fine"}
+
+
+def test_what_is_far_away_is_not_drawn():
+    pieces = {name: f"draw_far({make})" for name, make in THINGS.items()}
+    assert wrong(outcomes(pieces, PRELUDE)) == {}
+
+
+def test_sizes_that_no_memory_holds():
+    pieces = {name: f"draw_large({make})" for name, make in THINGS.items()}
+    assert wrong(outcomes(pieces, PRELUDE)) == {}
+
+
+SHAPES = {"Point": "far, 5", "Line": "5, 5, far, 30", "Rect": "5, 5, far, far"}
+
+
+@pytest.mark.parametrize("kind", SHAPES)
+def test_debug_shapes(kind):
+    piece = f"""
+layer = T.GameLayer()
+for far in FAR:
+    layer.Add{kind}("shape", 1, {SHAPES[kind]})
+    try:
+        layer.draw(screen)
+    except (TypeError, ValueError, OverflowError):
+        pass
+    layer.Del{kind}(0)
+"""
+    assert outcomes({kind: piece}, PRELUDE) == {kind: "fine"}
