@@ -14,11 +14,24 @@ import pygame  # noqa: E402
 
 pygame.init()
 
-from . import drawing, measure, nodes, objects  # noqa: E402
+from . import (  # noqa: E402
+    characters,
+    drawing,
+    edits,
+    measure,
+    nodes,
+    objects,
+    panels,
+    particles,
+    sprites,
+    tiles,
+)
+
+MODULES = (sprites, particles, characters, drawing, edits, panels, tiles, nodes, objects)
 
 
 def selected(names):
-    for module in (drawing, nodes, objects):
+    for module in MODULES:
         for benchmark in module.benchmarks():
             if not names or any(name.lower() in benchmark.name.lower() for name in names):
                 yield benchmark
