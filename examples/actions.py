@@ -42,7 +42,12 @@ class Tile(Tessora.GUI_Label):
             self.SetImageAnchor("center")
 
     def play(self, params=None):
-        """An action that has ended stays over: every round takes new ones."""
+        """Play the actions, and the next round after them.
+
+        Actions can be run again and start afresh, with two exceptions: a BlinkAction goes on
+        counting its blinks, and a CallBackAction that its own function runs again is over as soon
+        as the function returns. Every round takes new ones.
+        """
         self.rounds += 1
         if self.text.startswith("CallBack"):
             self.SetText(f"CallBack {self.rounds}")

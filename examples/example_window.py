@@ -29,10 +29,14 @@ def is_headless():
     return asked or (sys.platform.startswith("linux") and not display)
 
 
-def pointer_event(kind, pos):
-    if kind == pygame.MOUSEMOTION:
-        return pygame.event.Event(kind, pos=pos, rel=(0, 0), buttons=(0, 0, 0))
-    return pygame.event.Event(kind, pos=pos, button=1)
+def play(kind, value):
+    """Post an event of the mouse at a position, or of a key."""
+    if kind == pygame.KEYDOWN:
+        pygame.event.post(pygame.event.Event(kind, key=value))
+        return
+    pygame.mouse.get_pos = lambda: value
+    values = {"rel": (0, 0), "buttons": (0, 0, 0)} if kind == pygame.MOUSEMOTION else {"button": 1}
+    pygame.event.post(pygame.event.Event(kind, pos=value, **values))
 
 
 def handle(layer, event):
@@ -41,18 +45,18 @@ def handle(layer, event):
     elif event.type == pygame.MOUSEBUTTONUP:
         layer.OnPickUpFunction(*event.pos)
     elif event.type == pygame.KEYDOWN:
-        layer.OnKeyDownFunction(event.key)
+        layer.OnKeyDownFunction(pygame.key.name(event.key))
     return event.type != pygame.QUIT
 
 
-def run(name, build, script=()):
-    """`build(layer)` fills the layer; `script` holds (seconds, kind of event, position)."""
+def run(name, build, script=(), size=SIZE):
+    """`build(layer)` fills the layer; `script` holds (seconds, kind of event, position or key)."""
     headless = is_headless()
     if headless:
         os.environ["SDL_VIDEODRIVER"] = os.environ["SDL_AUDIODRIVER"] = "dummy"
     pygame.init()
     pygame.display.set_caption(name)
-    screen = pygame.display.set_mode(SIZE)
+    screen = pygame.display.set_mode(size)
     Tessora.Res = Tessora.PyGameResManager(ASSETS)
     Tessora.Res.AddNewResFile(os.path.join(os.path.dirname(pygame.__file__), FONT))
     layer = Tessora.GameLayer()
@@ -63,9 +67,7 @@ def run(name, build, script=()):
     while running:
         delay = DELAY if headless else clock.tick(60) / 1000
         while headless and waiting and waiting[0][0] <= played:
-            _, kind, pos = waiting.pop(0)
-            pygame.mouse.get_pos = lambda pos=pos: pos
-            pygame.event.post(pointer_event(kind, pos))
+            play(*waiting.pop(0)[1:])
         for event in pygame.event.get():
             running = handle(layer, event) and running
         layer.update(delay)

@@ -10,7 +10,7 @@ import random
 import autoplay
 import pygame
 import Tessora
-from widgets import CREAM, FONT, GOLD, ROSE, Button, Picture, Sprite, Text, play_sound
+from widgets import CREAM, FONT, GOLD, ROSE, Button, Picture, Sparks, Sprite, Text, play_sound
 
 SIZE = WIDTH, HEIGHT = 800, 480
 ROUND_SECONDS = 30.0
@@ -214,6 +214,8 @@ class Game:
         self.remove_after(burst, Tessora.ScaleByAction(0.34, 0.9, 0.9))
 
         x, y = flyer.GetXY()
+        sparks = self.add(self.play, Sparks(x, y, tint))
+        self.remove_after(sparks, Tessora.MoveByAction(0.6, 0, 0))
         popup = Text(x, y - 50, f"{points:+d}", 26, GOLD if points > 0 else ROSE)
         self.add(self.play, popup)
         swell, blink = Tessora.ScaleToAction(0.5, 1.4, 1.4), Tessora.BlinkAction(0.3, 3)

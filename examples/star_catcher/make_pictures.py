@@ -322,6 +322,14 @@ def write_hills():
     save(c, "hills_near.png", step=2)
 
 
+def write_glow():
+    """The soft white dot that particles tint."""
+    c = Canvas(64, 64)
+    away = np.hypot(c.x - 32, c.y - 32) / 31
+    c.paint(np.clip(1 - away, 0, 1) ** 1.3, np.array([255.0] * 3))
+    save(c, "fire.png")
+
+
 def write_widgets():
     looks = {
         "button.png": ("ff9fa8", "d8558f", 0.10),
@@ -368,4 +376,5 @@ if __name__ == "__main__":
     write_atlas()
     write_sky()
     write_hills()
+    write_glow()
     write_widgets()

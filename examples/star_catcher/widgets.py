@@ -48,6 +48,32 @@ class Sprite(Tessora.GUI_Image):
         self.SetImageAnchor("center")
 
 
+class Sparks(Tessora.ParticleEmitter):
+    """A short burst of sparks in one colour."""
+
+    def __init__(self, x, y, tint):
+        super().__init__(None, x, y)
+        self.InitPS_Explosion()
+        # The surface instead of its name: nothing is looked up or printed for each spark.
+        self.SetImage(Tessora.Res.LoadImage("fire.png"))
+        self.SetBlendType("ADD")
+        self.Duration, self.EmissionRate = 0.1, 400
+        self.BeginColor = pygame.Color(*tint)
+        self.EndColor = pygame.Color(*(part // 2 for part in tint), 0)
+        self.BeginColorVar = self.EndColorVar = pygame.Color(0, 0, 0, 0)
+        self.Speed, self.SpeedVar, self.Gravity = 190, 110, pygame.math.Vector2(0, 260)
+        self.Run()
+
+    def draw(self, screen, offsetX=0, offsetY=0, scale=1.0):
+        # The emitter's own draw writes its counter at the mouse, where the net is.
+        for spark in list(self.ParticleArray):
+            spark.draw(screen, offsetX, offsetY, scale)
+            if spark.IsDead():
+                self.ParticleArray.remove(spark)
+                self.RemoveChild(spark)
+                self.ParticleCount -= 1
+
+
 class Button(Tessora.GUI_Button):
     def __init__(self, x, y, text, action):
         super().__init__(None, x, y, text, FONT, 24)
