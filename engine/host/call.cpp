@@ -31,7 +31,7 @@ bool rich_compare(PyObject* left, PyObject* right, int operation) {
 }
 
 bool is_method_descriptor(PyObject* found) noexcept {
-  return PyType_HasFeature(Py_TYPE(found), Py_TPFLAGS_METHOD_DESCRIPTOR);
+  return static_cast<bool>(PyType_HasFeature(Py_TYPE(found), Py_TPFLAGS_METHOD_DESCRIPTOR));
 }
 
 }  // namespace

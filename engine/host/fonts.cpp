@@ -40,7 +40,8 @@ void font_died(Value death_watch) {
 void note_font(Value font) {
   Fonts& fonts = the_fonts();
   // What cannot be referred to weakly is no font of pygame's.
-  if (fonts.known.contains(font.get()) || !PyType_SUPPORTS_WEAKREFS(font.type())) return;
+  const bool weak = static_cast<bool>(PyType_SUPPORTS_WEAKREFS(font.type()));
+  if (!weak || fonts.known.contains(font.get())) return;
   listen_for_quit();
   Ref death_watch = watch_death<&font_died>(font);
   fonts.watched[death_watch.get()] = font.get();

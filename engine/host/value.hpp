@@ -71,7 +71,7 @@ class Value {
   }
   // Of a type that is written in C, whose methods no script can replace.
   [[nodiscard]] bool has_native_type() const noexcept {
-    return !PyType_HasFeature(type(), Py_TPFLAGS_HEAPTYPE);
+    return !static_cast<bool>(PyType_HasFeature(type(), Py_TPFLAGS_HEAPTYPE));
   }
   // Only to be compared: it says nothing once the value is gone.
   [[nodiscard]] const void* identity() const noexcept { return object_; }
