@@ -3,7 +3,6 @@
 import pygame
 import pytest
 import Tessora as T
-from pygame import Color
 
 ANCHORS = {"wn": (0, 0), "n": (0.5, 0), "en": (1.0, 0), "w": (0, 0.5), "center": (0.5, 0.5)}
 ANCHORS.update({"e": (1.0, 0.5), "ws": (0, 1.0), "s": (0.5, 1.0), "es": (1.0, 1.0), "ne": (0, 0)})
@@ -16,19 +15,6 @@ def test_anchor_keywords_in_any_case(keyword):
     widget.SetImageAnchor(keyword.upper())
     assert (widget.imageAnchor, calls) == (keyword, [ANCHORS[keyword]])
     pytest.raises(AttributeError, widget.SetImageAnchor, None)
-
-
-def test_colors_are_opaque_unless_said_otherwise():
-    widget = T.GUI_Image()
-    widget.SetBGColor(1, 2, 3)
-    assert widget.GetBGColor() == Color(1, 2, 3, 255)
-    widget.SetBGColor(1, 2, 3, a=7)
-    assert widget.GetBGColor() == Color(1, 2, 3, 7)
-
-
-@pytest.mark.parametrize("bad", [(256, 0, 0), ("a", 0, 0), (1, 2), (1, 2, 3, 4)], ids=str)
-def test_what_is_no_color_is_refused(screen, bad):
-    pytest.raises((TypeError, ValueError), T.GUI_Button().SetBGColor_Hover, *bad)
 
 
 @pytest.mark.parametrize("name", ["ADD", "add", "SUB", "Sub", "MULT", "", None, 5])
