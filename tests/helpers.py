@@ -6,6 +6,7 @@ import os
 import subprocess
 import sys
 
+import pygame
 import pytest
 import Tessora as T
 
@@ -153,8 +154,8 @@ def kept_megabytes(monkeypatch, prepare, act):
 
 # Smallest rectangle around everything that is not the background.
 def ink(surface, background=(0, 0, 0)):
-    copy = surface.copy()
-    copy.set_alpha(None)
+    copy = pygame.Surface(surface.get_size(), 0, 32)
+    copy.blit(surface, (0, 0))
     copy.set_colorkey(background)
     return copy.get_bounding_rect()
 

@@ -5,6 +5,7 @@ from types import SimpleNamespace
 import pygame
 import pytest
 import Tessora as T
+from helpers import ink
 from picture_oracle import (
     LOOK,
     Place,
@@ -12,7 +13,6 @@ from picture_oracle import (
     assert_same,
     assert_widget,
     dress,
-    ink_box,
     outcome,
 )
 
@@ -171,10 +171,10 @@ def test_a_background_and_its_border_cover_the_same_pixels(screen, style):
     for x in (-0.9, -0.1, 12.9, 12.1):
         widget = plain(screen, style, x=x, y=x, bgColor=pygame.Color(1, 2, 3), sx=1.004, sy=1.07)
         widget.draw(screen, 0, 0, 1.0)
-        both, widget = ink_box(screen, GROUND), dress(widget, style="flat")
+        both, widget = ink(screen, GROUND), dress(widget, style="flat")
         screen.fill(GROUND)
         widget.draw(screen, 0, 0, 1.0)
-        assert ink_box(screen, GROUND) == both
+        assert ink(screen, GROUND) == both
 
 
 @pytest.mark.parametrize("style", STYLES)
@@ -220,4 +220,4 @@ def test_focus_border_and_collision_outlines(screen, monkeypatch, flag):
     assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
     # Turned, the square is as wide as its diagonal.
     plain(screen, width=80, height=80, angle=45, focusIn=flag).draw(screen, 0, 0, 1.0)
-    assert abs(ink_box(screen, GROUND).width - 113 * shows) <= 4
+    assert abs(ink(screen, GROUND).width - 113 * shows) <= 4

@@ -5,6 +5,7 @@ from types import SimpleNamespace
 import pygame
 import pytest
 import Tessora as T
+from helpers import ink
 from picture_oracle import (
     LOOK,
     BlockFont,
@@ -12,7 +13,6 @@ from picture_oracle import (
     assert_draws,
     draw_widget,
     dress,
-    ink_box,
     noise,
     outcome,
 )
@@ -30,7 +30,7 @@ def label(font=None, **changes):
 def drawn_box(screen, widget, *camera):
     screen.fill(PAPER)
     widget.draw(screen, *(camera or (0, 0, 1.0)))
-    return ink_box(screen, PAPER)
+    return ink(screen, PAPER)
 
 
 HORIZONTAL = {"left": 7, "center": (100 - 30) * 0.5, "right": 70}

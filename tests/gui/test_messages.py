@@ -101,6 +101,7 @@ PATHS = {
     "GetResPath": lambda path: T.Res.GetResPath(path("hero.png")),
     "LoadImage": lambda path: T.Res.LoadImage(path("hero.png")),
     "GetImageListFiles": lambda path: T.Res.GetImageListFiles(path("hero.png")),
+    "ManageImageMemory": lambda path: T.Res.ManageImageMemory(path("hero.png")),
     "GetFont": lambda path: T.Res.GetFont(path("hero.ttf"), 20),
     "PlaySound": lambda path: T.Res.PlaySound(path("hero.wav")),
     "PlayMusic": lambda path: T.Res.PlayMusic(path("hero.wav")),
@@ -120,17 +121,23 @@ def test_paths_do_for_file_names(res, capsys, name):
     results = []
     for path in (str, pathlib.PurePosixPath):
         result = PATHS[name](path)
-        results.append((type(result), result == -1, capsys.readouterr().out))
+        names = list(T.Res.ImageDict), T.Res.ImageDict_MemManage_List
+        results.append((type(result), result == -1, capsys.readouterr().out, names))
         T.Res.ReleaseAllImageMemeory()
     assert results[0] == results[1]
 
 
 def test_a_path_names_a_folder_and_a_new_file(res):
-    write_png(res / "deep" / "hero.png")
-    manager = T.PyGameResManager(pathlib.Path(str(res)))
-    assert manager.LoadImage("hero.png").get_size() == (8, 8)
+    for name in ("hero.png", "Scene/L.json", "Scene/L_Res.Json"):
+        write_file(res / name)
+    by_text, manager = T.PyGameResManager(str(res)), T.PyGameResManager(res)
+    assert (manager.resdir, manager.fileDict) == (by_text.resdir, by_text.fileDict)
+    assert manager.GetSceneList() == ["L"] and len(manager.fileDict) == 3
+    manager.fileDict.clear()
     manager.AddNewResFile(res / "deep" / "other.png")
-    assert manager.GetResPath("other.png")
+    manager.FoundAllResFile(res / "Scene")
+    assert list(manager.fileDict) == ["other.png", "l.json", "l_res.json"]
+    assert manager.GetResPath("other.png") == str(res / "deep" / "other.png")
 
 
 def test_a_picture_given_by_path_is_drawn(res, screen):
