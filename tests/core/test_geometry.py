@@ -15,6 +15,7 @@ CASES = [
     ("checkPtInRect", (NAN, 10**40, 1, 2, 0, 10**41), 1),
     ("checkPtInRect", ("b", 0, 0, 1, 0, 1), TypeError),
     ("checkRectInRect", (0, 10, 0, 10, 10, 20, 0, 10), 1),
+    ("checkRectInRect", (0, 10, 0, 10, -5, 0, -5, 0), 1),
     ("checkRectInRect", (0, 10, 0, 10, 11, 20, 0, 10), 0),
     ("checkRectInRect", (0, 10, 0, 10, -5, 15, 10, 12), 1),
     ("checkRectInRect", (0, 10, 0, 10, 0, 10, 10.5, 12), 0),

@@ -22,12 +22,6 @@ def test_a_press_prints_then_calls_then_counts_as_clicked(capsys):
     assert seen == [(node, False, "collidepoint\n")] and node.clicked is True
 
 
-def test_a_press_beside_the_node_only_clears_the_handle(capsys):
-    node = box(PickDownFunction=Recorder())
-    assert node.OnPickDownFunction(50, 5) is None
-    assert (node.dragcornerindex, node.clicked) == (-2, False) and capsys.readouterr().out == ""
-
-
 def test_a_release_prints_two_lines_when_there_is_a_callback(capsys):
     node, seen = box(clicked=True), []
     assert node.OnPickUpFunction(5, 5) is node
@@ -149,15 +143,15 @@ def test_any_answer_but_none_takes_the_event():
 
 
 @pytest.mark.parametrize("key", ["a", 97, ("ctrl", "x"), None, 1.5])
-def test_keys(key):
+@pytest.mark.parametrize("way", ["Down", "Up"])
+def test_keys(way, key):
     node, log = T.GameNode(None), []
-    T.GameNode(node).SetKeyDownFunction(key, lambda: log.append("child"))
-    node.SetKeyDownFunction(keyname=key, function=lambda: log.append("down"))
-    node.SetKeyUpFunction(keyname=key, function=lambda: log.append("up"))
-    node.OnKeyUpFunction(key=key)
+    for each in (T.GameNode(node), node):
+        set_function = getattr(each, f"SetKey{way}Function")
+        set_function(keyname=key, function=lambda each=each: log.append(each))
     for name in (key, "other"):
-        node.OnKeyDownFunction(key=name)
-    assert log == ["up", "down"]
+        node.OnKeyDownFunction(key=name), node.OnKeyUpFunction(key=name)
+    assert log == [node]
 
 
 EVENT = ("eventName", "functionName", "functionCode")

@@ -101,6 +101,20 @@ def test_entries_of_the_event_tables_are_not_shared(table):
     assert getattr(source, table)["Load"] == ["f", "code"]
 
 
+ORDER = "BorderVisible BorderWidth BorderColor BlendType Text ShowChar Font TextVisible TextHAlign"
+ORDER += " TextVAlign TextColor TextLeftGap TextTopGap TextColor_Hover TextColor_Click"
+ORDER += " BGColor_Hover BGColor_Click Image_Hover Image_Click"
+
+
+def test_foreign_widgets_are_asked_in_order(button):
+    other = Recorder(GetNodeType="Button")
+    button.image_hover_File = button.image_click_File = "a"
+    button.CopyTo(other)
+    assert ("SetXY", (button.x, button.y)) in other.calls
+    called = [name[3:] for name in other.names() if name.startswith("Set")]
+    assert called[-19:] == ORDER.split()
+
+
 def test_setters_of_the_other_node_are_called():
     seen = []
     cls = type("Target", (T.GameNode,), {"SetXY": lambda self, *place: seen.append(place)})
@@ -128,9 +142,3 @@ assert other.angle == 30 or {name!r} == "angle"
 """
     found = outcomes({name: script.format(name=name) for name in DELETABLE})
     assert {name: how for name, how in found.items() if how != "fine"} == {}
-
-
-def test_foreign_nodes_take_what_they_have_setters_for():
-    other = Recorder()
-    make_node(None, x=3, y=4).CopyTo(other)
-    assert ("SetXY", (3, 4)) in other.calls

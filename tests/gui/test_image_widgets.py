@@ -34,7 +34,8 @@ def test_files_and_surfaces(screen, monkeypatch, files, names):
     assert asked == ([] if files is None or files is IMAGES["c"] else list(names))
     widget.AutoImageSize(autosize=True)
     widget.SetImage(imagefiles=["b"], switchdelay=4)
-    assert (widget.imageSwitchDelay, widget.width, widget.imagefiles) == (4, 11, ["b"])
+    assert (widget.imageSwitchDelay, widget.imagefiles) == (4, ["b"])
+    assert (widget.width, widget.height) == (11, 20)
     res.LoadImage = lambda name: 1 / 0
     assert outcome(widget.SetImage, "a.png") is ZeroDivisionError
     monkeypatch.undo()
@@ -218,6 +219,12 @@ def test_focus_border_and_collision_outlines(screen, monkeypatch, flag):
     assert (len(widget.GetCollRect("body")), widget.GetCollRect("empty")) == (2, [])
     dress(widget, coll_visible=True, coll_rectArray={"": [(1, 2, 3, "x")]})
     assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
+    widget = plain(screen, coll_visible=flag, sy=2.0)
+    widget.AddCollRect("body", (10, 5, 40, 20))
+    assert shown(widget, screen, [(70, 40), (70, 79)]) == [color if shows else GROUND] * 2
+    plain(screen, width=60, angle=90, focusIn=flag).draw(screen, 0, 0, 1.0)
+    for side in ((60, 28, 10, 6), (60, 86, 10, 6), (38, 50, 6, 10), (96, 50, 6, 10)):
+        assert (ink(screen.subsurface(side), GROUND).size != (0, 0)) is shows
     # Turned, the square is as wide as its diagonal.
     plain(screen, width=80, height=80, angle=45, focusIn=flag).draw(screen, 0, 0, 1.0)
     assert abs(ink(screen, GROUND).width - 113 * shows) <= 4

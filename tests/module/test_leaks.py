@@ -65,8 +65,7 @@ REFUSED += [lambda w: w.node.Clamp("a", 1, 2), lambda w: w.node.GetBindingVar("n
 REFUSED += [lambda w: w.node.OnKeyDownFunction([]), lambda w: w.root.OnPickDownFunction("a", 1)]
 REFUSED += [lambda w: T.GameNode(None, "x").GetWX(), lambda w: T.GameNode.GetX(5)]
 REFUSED += [lambda w: T.MoveToAction(1, "a", 2), lambda w: T.ActionPlayer().Run()]
-REFUSED += [lambda w: T.checkPtInRect(1), lambda w: T.checkPtInRect("a", 0, 0, 0, 0, 0)]
-REFUSED += [lambda w: T.read_rect({}), lambda w: T.tree_to_dict(BROKEN_PLIST)]
+REFUSED += [lambda w: T.checkPtInRect("a", 0, 0, 0, 0, 0), lambda w: T.tree_to_dict(BROKEN_PLIST)]
 REFUSED += [lambda w: make_node(UpdateFunction=lambda delay: [].pop()).update(1)]
 REFUSED += [lambda w: make_node(children=[5]).OnPickDownFunction(1, 1)]
 

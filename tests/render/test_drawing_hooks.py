@@ -6,7 +6,7 @@ import picture_oracle as oracle
 import pygame
 import pytest
 import Tessora as T
-from helpers import outcomes
+from helpers import Scene, outcomes
 from picture_oracle import LOOK, Place, assert_same, assert_widget, draw_widget, dress, noise
 
 TAIL = "drawStyle drawFocusBorder drawDragRect drawAnchor drawCollInfo draw_children".split()
@@ -109,6 +109,11 @@ def test_the_scene_counts_drawn_widgets(screen):
         parent.children[0].SetVisible(visible)
         parent.draw(screen, 0, 0, 1.0)
         assert len(counted) == total
+    scene = Scene()
+    parent.OnLoad(scene)
+    parent.SetInnerBindingEvent("Render", "drawn", None)
+    parent.draw(screen, 0, 0, 1.0)
+    assert scene.calls == [("on_drawn", {})]
     parent.OnLoad(object())
     parent.draw(screen, 0, 0, 1.0)
 

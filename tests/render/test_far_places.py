@@ -1,7 +1,7 @@
 """Places, sizes and cameras that no screen holds: nothing is drawn and nothing breaks."""
 
 import pytest
-from helpers import outcomes
+from helpers import kept_megabytes, outcomes
 
 FAR = "[nan, inf, -inf, 1e300, -1e300, 1e30, 2.0**31, -2.0**31, 2**31, -(2**31), 2**40, 2**30 + 1]"
 PRELUDE = f"""
@@ -105,3 +105,34 @@ for far in FAR:
     layer.Del{kind}(0)
 """
     assert outcomes({kind: piece}, PRELUDE) == {kind: "fine"}
+
+
+# The megabytes that finished pictures may take.
+BOUND = 268
+SHOWN = """
+import pygame
+import Tessora as T
+pygame.init()
+screen = pygame.display.set_mode((320, 240))
+picture = pygame.Surface((16, 16), pygame.SRCALPHA)
+picture.fill((200, 100, 50))
+def show(width, height, **look):
+    widget = T.GUI_Image(None, 0, 0)
+    vars(widget).update(dict(image=picture, width=width, height=height, bgColor=None), **look)
+    for _ in range(3):
+        widget.draw(screen, 0, 0, 1.0)
+"""
+# What is drawn, and the megabytes that may stay.
+PICTURES = {
+    "many": ("for n in range(40): show(2000 + n, 1000)", BOUND),
+    "many turned": ("for n in range(60): show(1000, 500, angle=1 + n)", BOUND),
+    "many, then a large one": ("for n in range(30): show(2000 + n, 1000)\nshow(6000, 6000)", BOUND),
+    "one beyond the bound": ("show(9000, 9000)", BOUND),
+    "some, then quit": ("for n in range(20): show(2000 + n, 1000)\npygame.quit()", 10),
+}
+
+
+@pytest.mark.parametrize("name", PICTURES)
+def test_memory_stays_within_the_bound(monkeypatch, name):
+    act, most = PICTURES[name]
+    assert kept_megabytes(monkeypatch, SHOWN, act) <= most + 20

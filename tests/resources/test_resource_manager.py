@@ -6,6 +6,7 @@ import shutil
 import pygame
 import pytest
 import Tessora as T
+from helpers import Recorder
 from picture_oracle import assert_same, noise, outcome
 from resource_files import default_font_file, native, write_file, write_png, write_wav
 
@@ -94,6 +95,7 @@ def test_images_are_loaded_once_and_the_latest_is_last(screen, tmp_path, capsys)
     assert (len(res.ImageDict), res.ImageDict_MemManage_Count) == (3, 3)
     res.ReleaseAllImageMemeory()
     assert (res.ImageDict, res.ImageDict_MemManage_List) == ({}, [])
+    assert res.ImageDict_MemManage_Count == 0
     assert res.LoadImage("x.png") is not loaded[0]
 
 
@@ -114,6 +116,11 @@ def test_music_and_sounds_play(screen, tmp_path, kind):
         assert outcome(play, "broken.wav") is pygame.error
     res.StopMusic()
     assert (music.get_busy(), res.soundPlayCount) == (False, 2)
+    with pytest.MonkeyPatch.context() as patch:
+        patch.setattr(pygame.mixer, "music", Recorder())
+        for arguments, loops in (((), 0), ((-1,), -1)):
+            res.PlayMusic(name, *arguments)
+            assert pygame.mixer.music.calls[-1] == ("play", (loops, 0))
     pygame.mixer.quit()
     assert outcome(res.PlaySound, name) is pygame.error
 

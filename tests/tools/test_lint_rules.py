@@ -102,7 +102,11 @@ GOOD = {
     "module from module": (FLOORS, "module/tessora.cpp", '#include "module/imports.hpp"'),
     "nested": (CALLS, LABEL, "void f() {\n  message::SetX(node, a.call(x));\n}"),
     "chained": (CALLS, LABEL, "void f() {\n  a.call(x).call(y);\n}"),
-    "and": (CALLS, LABEL, "void f() {\n  b = a.call(x).is_true() && message::IsOver(n).is_true();\n}"),
+    "and": (
+        CALLS,
+        LABEL,
+        "void f() {\n  b = a.call(x).is_true() && message::IsOver(n).is_true();\n}",
+    ),
     "terms": (CALLS, LABEL, "void f() {\n  Number n = ask(message::GetWX, node) + read(x);\n}"),
     "statements": (CALLS, LABEL, "void f() {\n  a.call(x); b.call(y);\n}"),
 }
