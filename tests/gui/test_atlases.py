@@ -74,14 +74,6 @@ def test_layouts(load, layout):
     assert widget.image is widget.imageArray[0]
 
 
-@pytest.mark.parametrize("name", ["x", "image", "imageCount", "imageFrameRectArray", "plistFile"])
-def test_scripts_may_have_properties_over_the_attributes(load, monkeypatch, name):
-    place = property(lambda self: self.kept, lambda self, value: setattr(self, "kept", value))
-    monkeypatch.setattr(T, "GUI_Image", type("Script", (T.GUI_Image,), {name: place}))
-    widget = load({"a": modern(RECTS["a.png"])}, {"one.png": SHEET})
-    assert_same(widget.image, SHEET.subsurface(RECTS["a.png"]))
-
-
 NAMED = {"realTextureFileName": "real.png", "textureFileName": "named.png"}
 # The files that exist, the argument, and the sheet that is taken.
 SHEETS = [

@@ -87,9 +87,16 @@ def test_frames_that_are_neither_files_nor_surfaces_are_named(screen, frames):
             widget.SwitchImage(1)
 
 
+def shown_with(picture):
+    widget = T.GUI_Image()
+    widget.SetImage(picture)
+    widget.draw(pygame.display.get_surface(), 0, 0, 1.0)
+    return widget.image
+
+
 # What takes the name of a file takes a path.
 PATHS = {
-    "SetImage": lambda path: T.GUI_Image().SetImage(path("hero.png")),
+    "SetImage": lambda path: shown_with(path("hero.png")),
     "SetImage, frames": lambda path: T.GUI_Image().SetImage([path("hero.png"), path("hero.png")]),
     "SetImage, atlas": lambda path: T.GUI_Image().SetImage(path("hero.plist")),
     "SetImage_Hover": lambda path: T.GUI_Button().SetImage_Hover(path("hero.png")),
@@ -138,15 +145,6 @@ def test_a_path_names_a_folder_and_a_new_file(res):
     manager.FoundAllResFile(res / "Scene")
     assert list(manager.fileDict) == ["other.png", "l.json", "l_res.json"]
     assert manager.GetResPath("other.png") == str(res / "deep" / "other.png")
-
-
-def test_a_picture_given_by_path_is_drawn(res, screen):
-    write_png(res / "hero.png", pygame.Surface((4, 4)))
-    T.Res.FoundAllResFile(str(res))
-    widget = T.GUI_Image()
-    widget.SetImage(pathlib.PurePosixPath("hero.png"))
-    assert widget.image.get_size() == (4, 4)
-    widget.draw(screen, 0, 0, 1.0)
 
 
 @pytest.mark.parametrize("text", ["\u200b", "\u200b\u200b", "", "\ufeff"])

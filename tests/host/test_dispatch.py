@@ -1,7 +1,6 @@
 """Replacing a method, or a whole object, is honoured wherever the engine makes the call."""
 
 import functools
-import threading
 
 import pygame
 import pytest
@@ -298,38 +297,18 @@ def test_foreign_children_are_asked_by_name(screen):
     assert child.calls == [*seen, ("update", (0.5,)), ("GetAllChildrens", ())]
 
 
-def test_every_thread_counts_its_own_depth():
-    inside, leave, reached = threading.Event(), threading.Event(), []
-    tops = []
-    for act in (lambda delay: (inside.set(), leave.wait(20)), reached.append):
-        tops.append(T.GameNode(None))
-        node = tops[-1]
-        for _ in range(600):
-            node = T.GameNode(node)
-        node.SetUpdateFunction(act)
-    waiting = threading.Thread(target=tops[0].update, args=(1,))
-    waiting.start()
-    try:
-        assert inside.wait(20)
-        tops[1].update(2)
-    finally:
-        leave.set()
-        waiting.join()
-    assert reached == [2]
-
-
-def test_every_thread_has_its_own_stack():
+def test_every_thread_has_its_own_depth_and_stack():
     lines = script_output("""
 import sys, threading
 import Tessora as T
-sys.setrecursionlimit(1000000)
 def chain(depth):
     nodes = [T.GameNode(None) for _ in range(depth)]
     for above, node in zip(nodes, nodes[1:]):
         above.children.append(node)
     return nodes
 def work():
-    for depth in (500, 60000):
+    for limit, depth in ((1000, 600), (1000000, 60000)):
+        sys.setrecursionlimit(limit)
         try:
             chain(depth)[0].update(1)
             print("reached")
@@ -337,7 +316,7 @@ def work():
             print("refused")
 inside, leave = threading.Event(), threading.Event()
 threading.stack_size(1 << 20)
-waiting = chain(5)
+waiting = chain(600)
 waiting[-1].SetUpdateFunction(lambda delay: (inside.set(), leave.wait(20)))
 threads = [threading.Thread(target=waiting[0].update, args=(1,)), threading.Thread(target=work)]
 threads[0].start()
