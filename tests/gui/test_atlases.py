@@ -125,7 +125,9 @@ def test_rotated_frames_are_turned_back(load, layout, rect, known):
 def test_square_and_unrotated_rectangles_are_as_they_lie(load):
     frames = {"square": modern((10, 30, 9, 9), True, spriteSize="{9,9}")}
     frames["plain"] = modern((10, 30, 9, 20), False, spriteSize="{20,9}")
-    square, plain = load(frames, {"one.png": SHEET}).imageArray
+    frames["of another size"] = modern((10, 30, 20, 9), True, spriteSize="{5,20}")
+    square, plain, other = load(frames, {"one.png": SHEET}).imageArray
+    assert other.get_size() == (20, 9)
     assert_same(square, pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 9)), 90))
     assert_same(plain, SHEET.subsurface((10, 30, 9, 20)))
 
