@@ -11,8 +11,8 @@ import Tessora
 class TimedAction(Tessora.GAction):
     """Base of actions that change a node bit by bit, in `duration` seconds.
 
-    A subclass says where the change begins, in `begin`, and how the node is when the part `t` of
-    the time is over, from 0 to 1, in `show`.
+    A subclass says where the change begins, in `begin`, and how the node is when the
+    part `t` of the time is over, from 0 to 1, in `show`.
     """
 
     def __init__(self, duration):
@@ -87,7 +87,7 @@ class Together(Tessora.GAction):
 
 
 class Repeat(Tessora.ActionPlayer):
-    """Plays actions one after another, and all of them `times` times; None means for ever."""
+    """Plays actions one after another, `times` times over; None means for ever."""
 
     def __init__(self, times, *actions):
         super().__init__()
@@ -115,8 +115,8 @@ class Repeat(Tessora.ActionPlayer):
 class Ease(TimedAction):
     """Plays an action that has a `duration` at a changing speed.
 
-    `curve` turns the part of the time that is over into the part of the way that is done; both
-    go from 0 to 1.
+    `curve` turns the part of the time that is over into the part of the way that is
+    done; both go from 0 to 1.
     """
 
     def __init__(self, action, curve):
@@ -160,15 +160,14 @@ class Blink(Tessora.BlinkAction):
 
 def demo_actions():
     """What each star of the demo does, by name."""
-    turn = (Tessora.RotateByAction(0.5, 90), Tessora.RotateByAction(0.5, -90))
-    grow = Repeat(None, Tessora.ScaleToAction(0.5, 1.5, 1.5), Tessora.ScaleToAction(0.5, 1, 1))
+    turn = Tessora.RotateByAction(0.5, 90), Tessora.RotateByAction(0.5, -90)
+    grow = Tessora.ScaleToAction(0.5, 1.5, 1.5), Tessora.ScaleToAction(0.5, 1, 1)
+    fall = Ease(GlideToAction(1.5, 544, 290), bounce), GlideToAction(0.5, 544, 90)
     return {
         "fade": Repeat(None, FadeToAction(1, 30), FadeToAction(1, 255)),
-        "together": Together(Repeat(None, *turn), grow),
+        "together": Together(Repeat(None, *turn), Repeat(None, *grow)),
         "repeat": Repeat(None, GlideToAction(0.5, 392, 230), GlideToAction(0.5, 392, 150)),
-        "ease": Repeat(
-            None, Ease(GlideToAction(1.5, 544, 290), bounce), GlideToAction(0.5, 544, 90)
-        ),
+        "ease": Repeat(None, *fall),
     }
 
 
