@@ -1,8 +1,9 @@
 """What the atlas packer writes is read back by the engine, pixel for pixel."""
 
 import importlib.util
-import os
 import random
+import subprocess
+import sys
 from pathlib import Path
 
 import pygame
@@ -87,8 +88,9 @@ def test_pictures_wider_than_the_sheet_widen_it(packer):
     assert contents["frames"]["a.png"]["frame"] == "{{0,0},{300,4}}"
 
 
-def test_without_arguments_the_pictures_of_a_game_are_packed(packer, tmp_path, monkeypatch, capsys):
-    monkeypatch.chdir(tmp_path)
-    packer.main(os.path.join(os.path.dirname(str(SCRIPT)), "platformer", "assets"), "pack_atlas")
-    assert "2 left out" in capsys.readouterr().out
+def test_without_arguments_the_pictures_of_a_game_are_packed(tmp_path):
+    command = [sys.executable, str(SCRIPT)]
+    printed = subprocess.check_output(command, cwd=str(tmp_path), universal_newlines=True)
+    assert "2 left out" in printed
+    assert pygame.image.load(str(tmp_path / "pack_atlas.png")).get_width() == 256
     assert (tmp_path / "pack_atlas.plist").is_file()
