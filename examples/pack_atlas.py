@@ -28,7 +28,7 @@ def braces(first, second):
 
 
 def pack(pictures, width=256):
-    """The sheet and the property list of `pictures`, a dictionary from file names to surfaces."""
+    """The sheet and the property list of a dictionary from file names to surfaces."""
     frames, animations, pieces = {}, {}, []
     for name in sorted(pictures, key=split_name):
         whole = pictures[name]
@@ -36,7 +36,7 @@ def pack(pictures, width=256):
         turned = area.height > area.width
         piece = whole.subsurface(area)
         pieces.append((pygame.transform.rotate(piece, -90) if turned else piece, name))
-        # From the middle of the whole picture to the middle of what is left of it, y upwards.
+        # From the middle of the whole to the middle of what is left, y upwards.
         right = area.x + area.width / 2 - whole.get_width() / 2
         up = whole.get_height() / 2 - area.y - area.height / 2
         frames[name] = {
@@ -45,8 +45,8 @@ def pack(pictures, width=256):
             "rotated": turned,
             "sourceSize": braces(*whole.get_size()),
         }
-        animation = animations.setdefault(split_name(name)[0], {"frames": [], "delay": DELAY})
-        animation["frames"].append(name)
+        action = split_name(name)[0]
+        animations.setdefault(action, {"frames": [], "delay": DELAY})["frames"].append(name)
     # In rows, the highest pieces first, from left to right.
     pieces.sort(key=lambda entry: -entry[0].get_height())
     width = max([width] + [piece.get_width() for piece, _ in pieces])
