@@ -2,7 +2,8 @@
 
 import pygame
 import Tessora
-from guide_sheets import FONT, INK, look, pointer, sheet
+from parts.looks import FONT, cells, look, pointer, use
+from scenes import INK
 
 RED, GREY, AMBER = (190, 50, 60), (180, 180, 180), (255, 190, 60)
 
@@ -48,7 +49,7 @@ def face(*calls, **state):
 
 
 def images():
-    return sheet(
+    return cells(
         [
             ("no picture", look(image())),
             ("SetBGColor", look(image(("SetBGColor", *AMBER)))),
@@ -72,7 +73,7 @@ def label(text, *calls):
 
 def labels():
     hollow = ("SetStyle", "hollow", False)
-    return sheet(
+    return cells(
         [
             ("as made", label("Score: 10")),
             ("hollow, coloured", label("Score: 10", hollow, ("SetTextColor", *RED))),
@@ -104,7 +105,7 @@ def buttons():
         ("SetTextColor", 120, 120, 120),
     )  # fmt: skip
     tinted = made(Tessora.GUI_Button, 100, 36, "Play", ("SetImage", "button.png"))
-    return sheet(
+    return cells(
         [
             ("normal", look(make)),
             ("hovered", look(make, hovered=True)),
@@ -139,7 +140,7 @@ def checks():
     boxless = check(*CHECKED, ("SetCheckBoxVisible", False))
     hollow = check(("SetStyle", "hollow", False))
     boxes = {"image_checkbox": disc(24, GREY), "image_checkbox_checked": disc(24)}
-    return sheet(
+    return cells(
         [
             ("normal", look(plain)),
             ("hovered", look(plain, hovered=True)),
@@ -167,7 +168,7 @@ def radios():
             sized(button, 120, 24, ("SetRadioValue", index == 1), ("SetStyle", "hollow", False))
         parent.draw(surface)
 
-    return sheet(
+    return cells(
         [
             ("normal", look(make)),
             ("hovered", look(make, hovered=True)),
@@ -192,7 +193,7 @@ def edits():
     long = "A text that is longer than the edit"
     light = ("SetBGColor", 255, 255, 255), ("SetTextColor", 0, 0, 0), ("SetCursorColor", 0, 0, 0)
     blue = (*light, ("SetBGColor_Focus", 214, 230, 255))
-    return sheet(
+    return cells(
         [
             ("as made", look(made(Tessora.GUI_Edit, 128, 30, "black on grey"))),
             ("white text", look(edit("hero"))),
@@ -219,9 +220,9 @@ def texts():
     def low():
         return sized(make()(), 200, 50)
 
-    return sheet(
+    return cells(
         [
-            ("as made", look(make())),
+            ("white text", look(make())),
             ("focus", look(make(), **FOCUS, cursorPos=6, cursorRow=0)),
             ("whole lines that fit", look(low)),
         ],
@@ -235,9 +236,9 @@ def scale(*calls):
 
 
 def scales():
-    return sheet(
+    return cells(
         [
-            ("as made", look(scale())),
+            ("dark text", look(scale())),
             ('SetTextAlign("top")', look(scale(("SetTextAlign", "top")))),
             ('SetTextAlign("center")', look(scale(("SetTextAlign", "center")))),
             ("rulerVisible = False", look(scale(), rulerVisible=False)),
@@ -261,7 +262,7 @@ def scrollbars():
         pointer(surface, x + 4, y + 6)
 
     across, upright = Tessora.GUI_HScrollBar, Tessora.GUI_VScrollBar
-    return sheet(
+    return cells(
         [
             ("as made: value 0", bar(across, 120, 20, 0)),
             ("value 100", bar(across, 120, 20, 100)),
@@ -285,7 +286,7 @@ def progress():
         widget.draw(surface)
 
     across, upright = Tessora.GUI_HProgressBar, Tessora.GUI_VProgressBar
-    return sheet(
+    return cells(
         [
             ("as made: value 50", bar(across, 120, 20)),
             ("with the marker", bar(across, 120, 20, ("SetPositionImageVisible", True))),
@@ -313,7 +314,7 @@ def lists():
 
     chosen = ("SetSelectedIndex", 1)
     amber = ("SetItemBGColor", *AMBER), ("SetBGColor", *AMBER)
-    return sheet(
+    return cells(
         [
             ("as made", look(make())),
             ("a line selected", look(make(chosen))),
@@ -343,7 +344,7 @@ def combos():
     def fresh():
         return sized(lines(Tessora.GUI_ComboBox()), 130, 110)
 
-    return sheet(
+    return cells(
         [
             ("as made", look(fresh)),
             ("after a choice", look(make())),
@@ -382,7 +383,7 @@ def boxes():
 
         return draw
 
-    return sheet(
+    return cells(
         [
             ("as shown", look(make())),
             ("OK hovered", over("OKButton")),
@@ -397,18 +398,18 @@ def boxes():
 def trees():
     def make(opened):
         def tree():
-            widget = sized(Tessora.GUI_Tree(), 150, 120)
+            widget = sized(Tessora.GUI_Tree(), 170, 120)
             widget.CreateFont(FONT, 15)
             widget.InsertItem(None, "Game")
             for parent, text in (("Game", "Levels"), ("Game", "Sounds"), ("Levels", "Meadow")):
-                widget.InsertItem(parent, text, None, "fire.png" if text == "Meadow" else None)
+                widget.InsertItem(parent, text, None, disc(40) if text == "Meadow" else None)
             for text in opened:
                 widget.RootItemNode.LookForItemNode(text).ExpandChildItem()
             return widget
 
         return tree
 
-    return sheet(
+    return cells(
         [
             ("as made: closed", look(make(()))),
             ("the root open", look(make(("Game",)))),
@@ -420,13 +421,13 @@ def trees():
 
 
 def styles():
-    cells = []
+    shown = []
     for style in ("flat", "raised", "sunken", "solid", "hollow"):
-        cells.append((f'"{style}"', look(image(("SetBGColor", *AMBER), ("SetStyle", style)))))
+        shown.append((f'"{style}"', look(image(("SetBGColor", *AMBER), ("SetStyle", style)))))
     for style in ("flat", "raised", "sunken", "solid", "hollow"):
         make = made(Tessora.GUI_Button, 100, 36, "Play", ("SetStyle", style))
-        cells.append((f'button, "{style}"', look(make)))
-    return sheet(cells, 5, (148, 104))
+        shown.append((f'button, "{style}"', look(make)))
+    return cells(shown, 5, (148, 104))
 
 
 def panels():
@@ -462,7 +463,7 @@ def panels():
         panel.alpha = 110
         panel.draw(surface)
 
-    return sheet(
+    return cells(
         [
             ("SetBGColor(40, 20, 90, 120):\nopaque all the same", color),
             ("a picture of one see-through\ncolour, stretched", picture),
@@ -474,6 +475,7 @@ def panels():
 
 
 def pictures():
+    use("star_catcher/assets")
     made = (images, labels, buttons, checks, radios, edits, texts, scales, scrollbars, progress)
     made += (lists, combos, boxes, trees, styles, panels)
     return {draw.__name__: draw() for draw in made}

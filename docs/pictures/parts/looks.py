@@ -1,28 +1,16 @@
-"""What the pictures of the guides share: a window, a font, sheets of things with captions."""
+"""Sheets of widgets in their looks, for modules of pictures."""
 
 import contextlib
 import os
-import sys
 from pathlib import Path
 
 import pygame
 import Tessora
+from scenes import PAPER, caption, window
 
-ROOT = next(p for p in Path(__file__).resolve().parents if (p / "examples").is_dir())
 FONT = pygame.font.get_default_font()
-PAPER, INK, SOFT = (244, 241, 248), (48, 38, 78), (120, 110, 150)
-
-
-def start(size, folder=None):
-    """Open a window, use the files of a folder, and return the window's surface."""
-    pygame.init()
-    screen = pygame.display.set_mode(size)
-    screen.fill(PAPER)
-    assets = ROOT / "examples" / "star_catcher" / "assets" if folder is None else folder
-    Tessora.Res = Tessora.PyGameResManager(str(assets))
-    Tessora.Res.AddNewResFile(os.path.join(os.path.dirname(pygame.__file__), FONT))
-    point(-1, -1)
-    return screen
+ROOT = Path(__file__).resolve().parents[3]
+SOFT = (120, 110, 150)
 
 
 def point(x, y):
@@ -37,18 +25,6 @@ def quiet():
         yield
 
 
-def use_examples():
-    """Let a picture import the examples."""
-    sys.path.insert(0, str(ROOT / "examples"))
-
-
-def write(surface, text, x, y, size=14, color=INK, center=False):
-    for line in text.split("\n"):
-        made = pygame.font.Font(None, size + 6).render(line, True, color)
-        surface.blit(made, (x - made.get_width() // 2 if center else x, y))
-        y += size + 2
-
-
 def pointer(surface, x, y):
     """Paint a mouse pointer, whose tip is there."""
     shape = [(0, 0), (0, 17), (4, 13), (7, 20), (10, 19), (7, 12), (13, 12)]
@@ -57,27 +33,28 @@ def pointer(surface, x, y):
     pygame.draw.polygon(surface, (0, 0, 0), corners, 1)
 
 
-def sheet(cells, columns, cell, margin=10):
-    """Draw each thing of `cells`, pairs of a caption and a function, in a grid.
+def cells(things, columns, cell, margin=10):
+    """Draw each of `things`, pairs of a text and a function, in a grid.
 
     A function gets the surface and the middle of its cell's upper part.
     """
-    rows = -(-len(cells) // columns)
-    lines = max(caption.count("\n") for caption, _ in cells) + 1
+    rows = -(-len(things) // columns)
+    lines = max(text.count("\n") for text, _ in things) + 1
     width, height = cell
-    surface = start((columns * width + 2 * margin, rows * height + 2 * margin))
-    for index, (caption, draw) in enumerate(cells):
+    surface = window(columns * width + 2 * margin, rows * height + 2 * margin, PAPER)
+    for index, (text, draw) in enumerate(things):
         left = margin + index % columns * width
         top = margin + index // columns * height
         point(-1, -1)
         with quiet():
-            draw(surface, left + width // 2, top + (height - 16 * lines - 10) // 2)
-        write(surface, caption, left + width // 2, top + height - 16 * lines - 8, 14, SOFT, True)
+            draw(surface, left + width // 2, top + (height - 18 * lines - 10) // 2)
+        below = top + height - 18 * lines - 8
+        caption(surface, text, left + width // 2, below, 14, SOFT, "center")
     return surface.copy()
 
 
 def look(make, hovered=False, pressed=False, **state):
-    """A function for `sheet` that draws what `make()` returns, centred, in a state.
+    """A function for `cells` that draws what `make()` returns, centred, in a state.
 
     `state` holds attributes that are set before it is drawn.
     """
@@ -98,3 +75,9 @@ def look(make, hovered=False, pressed=False, **state):
             pointer(surface, int(tip[0]), int(tip[1]))
 
     return draw
+
+
+def use(folder):
+    """Find the files of an example's folder by name, too."""
+    window(1, 1)
+    Tessora.Res.FoundAllResFile(str(ROOT / "examples" / folder))
