@@ -1,7 +1,9 @@
 """Sheets of widgets in their looks, for modules of pictures."""
 
 import contextlib
+import importlib
 import os
+import sys
 from pathlib import Path
 
 import pygame
@@ -81,3 +83,28 @@ def use(folder):
     """Find the files of an example's folder by name, too."""
     window(1, 1)
     Tessora.Res.FoundAllResFile(str(ROOT / "examples" / folder))
+
+
+def example(name, seconds, size=(640, 400), presses=()):
+    """What an example's `build(layer)` shows after so long, with clicks at (seconds, x, y)."""
+    sys.path.insert(0, str(ROOT / "examples"))
+    use("star_catcher/assets")
+    module = importlib.import_module(name)
+    import example_window
+
+    screen = window(*size, example_window.BACKGROUND)
+    point(-1, -1)
+    layer = Tessora.GameLayer()
+    layer.OnLoad(example_window.Scene())
+    with quiet():
+        module.build(layer)
+        waiting = list(presses)
+        for frame in range(round(seconds * 60)):
+            while waiting and waiting[0][0] <= frame / 60:
+                _, x, y = waiting.pop(0)
+                layer.OnPickDownFunction(x, y)
+                layer.OnPickUpFunction(x, y)
+            layer.update(1 / 60)
+            screen.fill(example_window.BACKGROUND)
+            layer.draw(screen)
+    return screen.copy()
