@@ -142,13 +142,14 @@ def _module(rows, links, types):
 
     from reference_defaults import shown
 
+    version = Tessora.__version__
     parts = [
         _title("Module values and functions"),
         ".. py:currentmodule:: Tessora\n\n",
         'A script may replace these values: ``Tessora.Res = Tessora.PyGameResManager("assets")``.\n'
         "The module also hands on the names of ``pygame.locals`` and ``pygame.math``.\n\n",
         _title("Values", "-"),
-        _entry("data", "__version__", "The engine's version.", type="str"),
+        _entry("data", "__version__", "The engine's version.", type="str", value=repr(version)),
     ]
     for row in rows:
         if row["kind"] == "value":
@@ -211,6 +212,8 @@ def _variable(directive, head, row, default, links, types, owner):
 
 def _function(directive, head, row, links, types, owner):
     own = {*_parameters(row["signature"]), row["name"]}
+    if _ACCESSOR.match(row["doc"]):
+        own.discard(_ACCESSOR.match(row["doc"]).group(1))
     body = reference_text.text(reference_text.sentence(row["doc"]), links, owner, own)
     return _entry(directive, head + types.plain(row["signature"]), body)
 

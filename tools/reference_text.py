@@ -109,4 +109,4 @@ def sentence(doc):
 
 def first_sentence(doc):
     paragraph = " ".join(doc.strip().split("\n\n")[0].split())
-    return re.split(r"(?<=[.;:])\s", paragraph)[0].rstrip(".;:") + "."
+    return re.split(r"(?<=[.;])\s", paragraph)[0].rstrip(".;") + "."
