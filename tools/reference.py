@@ -186,7 +186,11 @@ def _class(row, links, types, defaults):
                 default = defaults[member["name"]]
                 parts.append(_variable("attribute", head, member, default, links, types, name))
     if bases:
-        parts += [_title("Inherited", "-"), *(_inherited(base, links) for base in bases)]
+        parts.append(_title("Inherited", "-"))
+        taken = set(links.members[name])
+        for base in bases:
+            parts.append(_inherited(base, taken, links))
+            taken.update(links.members[base])
     return "".join(parts)
 
 
@@ -222,8 +226,8 @@ def _parameters(signature):
     return set(re.findall(r"(\w+): ", signature))
 
 
-def _inherited(base, links):
-    names = sorted(links.members[base], key=str.lower)
+def _inherited(base, taken, links):
+    names = sorted(set(links.members[base]) - taken, key=str.lower)
     listed = ", ".join(links.role(name, base) for name in names)
     return f"From :py:class:`{base}`: {listed}.\n\n"
 

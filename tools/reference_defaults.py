@@ -2,6 +2,7 @@
 
 import ast
 import tempfile
+import warnings
 
 import pygame
 import Tessora
@@ -81,7 +82,10 @@ def _state(row, given):
             plain.append((name, given[name]))
         elif name in given:
             keywords.update(given[name])
-    made = getattr(Tessora, row["name"])(**dict(plain), **keywords)
+    with warnings.catch_warnings():
+        # The samples name no font that there is.
+        warnings.simplefilter("ignore")
+        made = getattr(Tessora, row["name"])(**dict(plain), **keywords)
     names = [member["name"] for member in row["members"] if member["kind"] != "method"]
     return {name: _read(made, name) for name in names}
 
