@@ -17,13 +17,12 @@ myst_enable_extensions = ["attrs_inline", "colon_fence", "deflist"]
 myst_heading_anchors = 3
 exclude_patterns = ["assets", "pictures", "_static"]
 
-default_role = "literal"
 highlight_language = "python"
 add_module_names = False
 maximum_signature_line_length = 80
 toc_object_entries_show_parents = "hide"
-# There is no inventory of pygame's names that could be had offline.
-nitpick_ignore_regex = [("py:.*", r"pygame\..*")]
+# Names of others, for which no inventory is at hand offline, and type variables.
+nitpick_ignore_regex = [("py:.*", r"(pygame|os|xml)\..*|Self|T|Key|Value")]
 
 html_theme = "furo"
 html_title = f"Tessora {version}"
@@ -33,6 +32,16 @@ html_copy_source = False
 html_show_sourcelink = False
 # Furo's own styles only: nothing on a page comes from the network.
 html_theme_options = {
-    "light_css_variables": {"color-brand-primary": "#7a3db8", "color-brand-content": "#6a35a8"},
-    "dark_css_variables": {"color-brand-primary": "#c9a2f2", "color-brand-content": "#c9a2f2"},
+    "light_css_variables": {
+        "color-brand-primary": "#6a35a8",
+        "color-brand-content": "#6a35a8",
+        "color-brand-visited": "#6a35a8",
+        "color-api-name": "var(--color-foreground-primary)",
+    },
+    "dark_css_variables": {
+        "color-brand-primary": "#c9a2f2",
+        "color-brand-content": "#c9a2f2",
+        "color-brand-visited": "#c9a2f2",
+        "color-api-name": "var(--color-foreground-primary)",
+    },
 }

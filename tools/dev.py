@@ -136,7 +136,7 @@ def stubs_check(environment, args):
 def docs(environment, args):
     build = prepare(environment, "test", "docs")
     command = [environment.python, ROOT / "tools" / "docs.py", *args]
-    run(command, env=build.run_environment(**HEADLESS))
+    run(command, env=build.run_environment(PYGAME_HIDE_SUPPORT_PROMPT="1", **HEADLESS))
 
 
 def wheel_check(environment, args):

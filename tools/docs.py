@@ -9,6 +9,7 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 
 import page_links
+import reference
 from common import BUILD, ROOT, TOOLS, Problem, clean_environment
 
 DOCS = ROOT / "docs"
@@ -79,6 +80,7 @@ def main():
     parser.add_argument("--draft", action="store_true", help="build in spite of warnings")
     draft = parser.parse_args().draft
     stage()
+    reference.write(SOURCE / "reference")
     draw_all()
     build(draft)
     check_links(draft)

@@ -1,9 +1,11 @@
-"""Runs the Python fences of a page, one after another in one namespace: page_code.py PAGE [FIRST [BEFORE]]
+"""Runs the Python fences of a page, one after another in one namespace.
 
-The working folder holds the files that the page's code loads. A loop that reads events gets QUIT
-after a few frames; SystemExit ends a fence, and the next one goes on. A text fence right below a
-Python fence is what that one prints. FIRST is the number of the first fence to run, from 0, and BEFORE is
-code for what the page takes for granted.
+    page_code.py PAGE [FIRST [BEFORE]]
+
+FIRST is the number of the first fence to run, from 0, and BEFORE is code for what the page takes
+for granted. The working folder holds the files that the page's code loads. A loop that reads
+events gets QUIT after a few frames; SystemExit ends a fence, and the next one goes on. A text fence
+right below a Python fence is what that one prints.
 """
 
 import collections

@@ -1,4 +1,4 @@
-"""The first page's picture: a field with pictures that are scaled, turned and tinted, and widgets."""
+"""The first page's picture: pictures that are scaled, turned and tinted, and some widgets."""
 
 import pygame
 import Tessora
