@@ -10,12 +10,12 @@ import pygame
 import Tessora
 from example_window import FONT, run
 
-INK = (255, 244, 222)
+INK, GOLD, BACK, PALE = (255, 244, 222), (255, 214, 102), (24, 18, 46), (255, 214, 190)
 ON, OFF, KNOB, GREY = (92, 190, 120), (96, 84, 140), (255, 250, 240), (120, 116, 130)
 
 
 class Switch(Tessora.GUI_Image):
-    """A toggle switch with a caption. `SetPickUpFunction(f)` calls `f(switch)` after a change."""
+    """A toggle switch with a caption. `SetPickUpFunction(f)`: `f(switch)` after a change."""
 
     SLIDE = 0.15  # seconds from one end to the other
 
@@ -51,15 +51,18 @@ class Switch(Tessora.GUI_Image):
         self.place += max(-step, min(step, goal - self.place))
 
     def drawBGColor(self, screen, color):
-        """Draws what the box of a plain GUI_Image would be; its place is known by now."""
-        rect = pygame.Rect(self.WX, self.WY, self.width * self.WSX, self.height * self.WSY)
+        """Draws in place of a plain image's box; where it lies is known by now."""
+        wide, high = self.width * self.WSX, self.height * self.WSY
+        rect = pygame.Rect(self.WX, self.WY, wide, high)
         mixed = pygame.Color(*OFF).lerp(pygame.Color(*ON), self.place)
-        pygame.draw.rect(screen, mixed if self.enable else GREY, rect, border_radius=rect.h // 2)
+        color = mixed if self.enable else GREY
+        pygame.draw.rect(screen, color, rect, border_radius=rect.h // 2)
         radius = rect.h / 2
         x = rect.x + radius + (rect.w - rect.h) * self.place
         hovered = rect.collidepoint(pygame.mouse.get_pos())
         less = 4 if self.clicked else 2 if hovered else 3
-        pygame.draw.circle(screen, KNOB, (x, rect.centery), radius - less * self.WSY)
+        radius -= less * self.WSY
+        pygame.draw.circle(screen, KNOB, (x, rect.centery), radius)
 
     def draw_children(self, screen, offsetX=0, offsetY=0, scale=1.0):
         # A scaled parent scales its children, but does not move them.
@@ -92,7 +95,7 @@ class Switch(Tessora.GUI_Image):
 
 
 class HealthBar(Tessora.GUI_Image):
-    """A bar painted into a picture of its own: scaled, turned, faded and tinted like any other."""
+    """A bar painted into a picture, which scales, turns and fades like any other."""
 
     LAG = 0.6  # of the whole bar, that the pale rest shrinks by in a second
 
@@ -130,12 +133,14 @@ class HealthBar(Tessora.GUI_Image):
         width, height = self.canvas.get_size()
         inside = pygame.Rect(2, 2, width - 4, height - 4)
         self.canvas.fill((0, 0, 0, 0))
-        pygame.draw.rect(self.canvas, (24, 18, 46), (0, 0, width, height), border_radius=4)
-        for share, color in ((self.shown, (255, 214, 190)), (self.health, self.color())):
-            pygame.draw.rect(self.canvas, color, (*inside.topleft, inside.w * share, inside.h))
+        pygame.draw.rect(self.canvas, BACK, (0, 0, width, height), border_radius=4)
+        for share, color in ((self.shown, PALE), (self.health, self.color())):
+            filled = (*inside.topleft, inside.w * share, inside.h)
+            pygame.draw.rect(self.canvas, color, filled)
 
     def color(self):
-        return pygame.Color(226, 70, 70).lerp(pygame.Color(110, 200, 100), self.health)
+        low, full = pygame.Color(226, 70, 70), pygame.Color(110, 200, 100)
+        return low.lerp(full, self.health)
 
     def CopyTo(self, other):
         super().CopyTo(other)
@@ -162,7 +167,7 @@ class Ring(Tessora.GameNode):
         super().draw(screen, offsetX, offsetY, scale)
         if self.IsVisible():
             radius = self.radius * self.WSX * (1 + 0.1 * math.sin(self.time * 6))
-            pygame.draw.circle(screen, (255, 214, 102), (self.WX, self.WY), radius, 3)
+            pygame.draw.circle(screen, GOLD, (self.WX, self.WY), radius, 3)
 
 
 def label(x, y, text, size=18):

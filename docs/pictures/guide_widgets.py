@@ -2,7 +2,7 @@
 
 import pygame
 import Tessora
-from parts.looks import FONT, cells, look, pointer, use
+from parts.looks import FONT, cells, example, look, pointer, use
 from scenes import INK
 
 RED, GREY, AMBER = (190, 50, 60), (180, 180, 180), (255, 190, 60)
@@ -474,8 +474,14 @@ def panels():
     )
 
 
+def window():
+    """All of them, a little smaller than they are."""
+    whole = example("widgets", 1.0, (800, 560), [(0.3, 390, 58), (0.6, 770, 316)], "Window")
+    return pygame.transform.smoothscale(whole, (700, 490))
+
+
 def pictures():
     use("star_catcher/assets")
     made = (images, labels, buttons, checks, radios, edits, texts, scales, scrollbars, progress)
-    made += (lists, combos, boxes, trees, styles, panels)
+    made += (lists, combos, boxes, trees, styles, panels, window)
     return {draw.__name__: draw() for draw in made}

@@ -85,19 +85,21 @@ def use(folder):
     Tessora.Res.FoundAllResFile(str(ROOT / "examples" / folder))
 
 
-def example(name, seconds, size=(640, 400), presses=()):
+def example(name, seconds, size=(640, 400), presses=(), build="build"):
     """What an example's `build(layer)` shows after so long, with clicks at (seconds, x, y)."""
     sys.path.insert(0, str(ROOT / "examples"))
     use("star_catcher/assets")
     module = importlib.import_module(name)
     import example_window
 
-    screen = window(*size, example_window.BACKGROUND)
+    window(8, 8)
+    # On a surface of its own, as a large window is made smaller for the page.
+    screen = pygame.Surface(size)
     point(-1, -1)
     layer = Tessora.GameLayer()
     layer.OnLoad(example_window.Scene())
     with quiet():
-        module.build(layer)
+        getattr(module, build)(layer)
         waiting = list(presses)
         for frame in range(round(seconds * 60)):
             while waiting and waiting[0][0] <= frame / 60:
