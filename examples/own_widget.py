@@ -15,7 +15,7 @@ ON, OFF, KNOB, GREY = (92, 190, 120), (96, 84, 140), (255, 250, 240), (120, 116,
 
 
 class Switch(Tessora.GUI_Image):
-    """A toggle switch with a caption. `SetPickUpFunction(f)`: `f(switch)` after a change."""
+    """A switch with a caption; `SetPickUpFunction(f)`: `f(switch)` after a change."""
 
     SLIDE = 0.15  # seconds from one end to the other
 
