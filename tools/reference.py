@@ -1,6 +1,7 @@
 """Writes the manual's reference: a page for each class and one for the module's own values and
 functions, from what the module on the path says of itself. See tools/stubs.py for the same."""
 
+import ast
 import os
 import re
 
@@ -48,7 +49,7 @@ GROUPS = (
 )
 
 _ALIAS = re.compile(r'^(_\w+): TypeAlias = "([^"]+)"$', re.M)
-_ACCESSOR = re.compile(r"(?:Return|Set) `(\w+)`")
+_ACCESSOR = re.compile(r"(?:Return|Set) `(\w+)`(?: and `(\w+)`)?")
 
 
 class Types:
@@ -73,11 +74,21 @@ def pages(rows, head, defaults):
         wrong = sorted(set(grouped) ^ set(classes))
         raise Problem("classes and tools/reference.py's groups disagree: " + ", ".join(wrong))
     links, types = Links(rows), Types(head)
-    texts = {"index.md": _index(links), MODULE_PAGE + ".rst": _module(rows, links, types)}
+    texts = {"index.md": _index(links), MODULE_PAGE + ".rst": _module(rows, head, links, types)}
     for row in rows:
         if row["kind"] == "class":
             texts[row["name"] + ".rst"] = _class(row, links, types, defaults(row))
     return texts
+
+
+def head_values(head):
+    """The values with a text that only the stubs' head declares: name, type and text."""
+    for node in ast.walk(ast.parse(head)):
+        body = getattr(node, "body", [])
+        for variable, text in zip(body, body[1:]) if isinstance(body, list) else ():
+            if isinstance(variable, ast.AnnAssign) and isinstance(text, ast.Expr):
+                type_ = ast.get_source_segment(head, variable.annotation)
+                yield variable.target.id, type_, text.value.value
 
 
 def complete(rows):
@@ -137,20 +148,20 @@ def _toctree(names):
     return "```{toctree}\n:hidden:\n\n" + "".join(f"{name}\n" for name in names) + "```\n\n"
 
 
-def _module(rows, links, types):
+def _module(rows, head, links, types):
     import Tessora
 
     from reference_defaults import shown
 
-    version = Tessora.__version__
     parts = [
         _title("Module values and functions"),
         ".. py:currentmodule:: Tessora\n\n",
         'A script may replace these values: ``Tessora.Res = Tessora.PyGameResManager("assets")``.\n'
         "The module also hands on the names of ``pygame.locals`` and ``pygame.math``.\n\n",
         _title("Values", "-"),
-        _entry("data", "__version__", "The engine's version.", type="str", value=repr(version)),
     ]
+    for name, type_, doc in head_values(head):
+        parts.append(_entry("data", name, reference_text.text(doc, links), type=type_))
     for row in rows:
         if row["kind"] == "value":
             default = shown(getattr(Tessora, row["name"]))
@@ -203,13 +214,14 @@ def _parted(members):
             data.append(member)
             continue
         named = _ACCESSOR.match(member["doc"])
-        (data if named and named.group(1) == attribute else methods).append(member)
+        (data if named and attribute in named.groups() else methods).append(member)
     return data, methods
 
 
 def _variable(directive, head, row, default, links, types, owner):
-    body = reference_text.text(reference_text.sentence(row["doc"]), links, owner, {row["name"]})
-    if default.words:
+    doc = reference_text.without_default(reference_text.sentence(row["doc"]), default.code)
+    body = reference_text.text(doc, links, owner, {row["name"]})
+    if default.words and "Default" not in doc:
         body += f"\n\nDefault: {reference_text.text(default.words, links)}."
     return _entry(directive, head, body, type=types.plain(row["type"]), value=default.code)
 
@@ -217,7 +229,7 @@ def _variable(directive, head, row, default, links, types, owner):
 def _function(directive, head, row, links, types, owner):
     own = {*_parameters(row["signature"]), row["name"]}
     if _ACCESSOR.match(row["doc"]):
-        own.discard(_ACCESSOR.match(row["doc"]).group(1))
+        own.difference_update(_ACCESSOR.match(row["doc"]).groups())
     body = reference_text.text(reference_text.sentence(row["doc"]), links, owner, own)
     return _entry(directive, head + types.plain(row["signature"]), body)
 

@@ -100,6 +100,8 @@ def _read(made, name):
 
 def shown(value):
     """A value as code where that is short and exact, else in words."""
+    if isinstance(value, str) and '"' not in repr(value):
+        return Default(code='"' + repr(value)[1:-1] + '"')
     if value is None or isinstance(value, (bool, int, float, str)):
         return Default(code=repr(value))
     if isinstance(value, pygame.Color):

@@ -49,19 +49,33 @@ class Links:
             if kind:
                 return f":py:{'meth' if kind == 'method' else 'attr'}:`~Tessora.{each}.{name}`"
         row = self.rows.get(name) if not rest or first == "Tessora" else None
-        roles = {"class": "class", "function": "func", "value": "data"}
-        return f":py:{roles[row['kind']]}:`~Tessora.{name}`" if row else None
+        if row:
+            roles = {"class": "class", "function": "func", "value": "data"}
+            return f":py:{roles[row['kind']]}:`~Tessora.{name}`"
+        # A method that only one class declares needs no name of a class before it.
+        others = [each for each in self.members if self.members[each].get(name) == "method"]
+        return f":py:meth:`~Tessora.{others[0]}.{name}`" if len(others) == 1 else None
 
 
 def text(doc, links, owner=None, own=()):
     """A docstring's blocks; names in `own`, such as the parameters, are no links."""
-    blocks = doc.strip().split("\n\n")
+    blocks = []
+    for block in doc.strip("\n").split("\n\n"):
+        # An empty line inside an example does not end it.
+        if blocks and _is_code(block) and _is_code(blocks[-1]):
+            blocks[-1] += "\n\n" + block
+        else:
+            blocks.append(block)
     return "\n\n".join(_block(block, links, owner, own) for block in blocks)
+
+
+def _is_code(block):
+    return block.startswith(("    ", ">>> "))
 
 
 def _block(block, links, owner, own):
     rows = block.split("\n")
-    if rows[0].startswith(("    ", ">>> ")):
+    if _is_code(block):
         code = textwrap.dedent(block).split("\n")
         return ".. code-block:: python\n\n" + "\n".join(f"   {row}".rstrip() for row in code)
     if rows[0].startswith("- "):
@@ -105,6 +119,14 @@ def sentence(doc):
     doc = doc.strip()
     first = doc[:1].upper() + doc[1:] if re.match(r"[a-z]+\b(?![_.(])", doc) else doc
     return first if first.endswith((".", ":", "!", "?")) else first + "."
+
+
+def without_default(doc, code):
+    """A text without a last sentence that tells the default, when that is this piece of code."""
+    told = re.search(r"\s*\bDefault (\S.*)\.$", doc)
+    # Colours and vectors are told without the name of their class.
+    same = told and code and re.sub(r"^pygame[\w.]*", "", code) == told.group(1)
+    return doc[: told.start()] if same else doc
 
 
 def first_sentence(doc):

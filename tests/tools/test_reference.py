@@ -11,6 +11,7 @@ import stubs
 from common import Problem
 
 ROWS = Tessora.__declarations__()
+HEAD = stubs.HEAD.read_text(encoding="utf-8")
 LINKS = reference_text.Links(ROWS)
 
 
@@ -18,8 +19,7 @@ LINKS = reference_text.Links(ROWS)
 def pages():
     pygame.init()
     pygame.display.set_mode((64, 48))
-    head = stubs.HEAD.read_text(encoding="utf-8")
-    return reference.pages(ROWS, head, reference_defaults.defaults)
+    return reference.pages(ROWS, HEAD, reference_defaults.defaults)
 
 
 def entries(page):
@@ -34,7 +34,8 @@ def test_every_declaration_has_one_entry(pages):
             expected = sorted(["Tessora", row["name"], *members])
             assert sorted(entries(pages[row["name"] + ".rst"])) == expected
     others = [row["name"] for row in ROWS if row["kind"] != "class"]
-    assert sorted(entries(pages["module.rst"])) == sorted(["Tessora", "__version__", *others])
+    others += [name for name, _, _ in reference.head_values(HEAD)]
+    assert sorted(entries(pages["module.rst"])) == sorted(["Tessora", *others])
 
 
 def test_an_entry_has_type_default_and_text(pages):
@@ -72,6 +73,7 @@ TEXTS = [
     ('Kind, "GameNode".', 'Kind, ``"GameNode"``.'),
     ("Names on_ and 2 * 3 | 4.", "Names on\\_ and 2 \\* 3 \\| 4."),
     ("First.\n\n    a = 1\n    b = 2", "First.\n\n.. code-block:: python\n\n   a = 1\n   b = 2"),
+    ("    a = 1\n\n    b = 2", ".. code-block:: python\n\n   a = 1\n\n   b = 2"),
     ("All:\n\n- one\n- `alpha`", f"All:\n\n- one\n- {ALPHA}"),
 ]
 
@@ -88,3 +90,25 @@ def test_defaults_are_what_a_new_object_holds(pages):
     assert move["dstPostion"].words == "from the arguments `x` and `y`"
     image = reference_defaults.defaults(rows["GUI_Image"])
     assert image["bgColor"].code == "pygame.Color(255, 255, 255, 255)"
+
+
+TOLD = [
+    ("Opacity. Default 255.", "255", "Opacity."),
+    ('Side. Default "top".', '"top"', "Side."),
+    ("Colour. Default (0, 0, 0, 255).", "pygame.Color(0, 0, 0, 255)", "Colour."),
+    ("Colour. Default `Light`.", "pygame.Color(0, 0, 0, 255)", "Colour. Default `Light`."),
+    ("Font. Default Arial of 16 pixels.", None, "Font. Default Arial of 16 pixels."),
+    ("Width. Default 1.5.", "1.5", "Width."),
+    ("Width. Default 5.", "15", "Width. Default 5."),
+]
+
+
+@pytest.mark.parametrize(("doc", "code", "expected"), TOLD, ids=[doc for doc, _, _ in TOLD])
+def test_a_default_that_the_entry_shows_is_not_told_again(doc, code, expected):
+    assert reference_text.without_default(doc, code) == expected
+
+
+def test_values_of_the_head_with_a_text_are_found():
+    head = 'x: int\n"""Pixels."""\nif True:\n    y: list[int]\n    """Sizes."""\nz: Any\n_w = 1\n'
+    found = [("x", "int", "Pixels."), ("y", "list[int]", "Sizes.")]
+    assert list(reference.head_values(head)) == found
