@@ -6,6 +6,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+import examples
 import windows_check
 from cmake_build import Build
 from common import ROOT, Problem, find_program, run, stubtest_command
@@ -45,6 +46,20 @@ def demo(environment, args):
         raise Problem(f"there is no game {game}; there are {games}.")
     build = prepare(environment, "test")
     run([environment.python, script, *args], env=build.run_environment())
+
+
+def list_examples(environment, args):
+    print(examples.listing(), end="")
+
+
+def run_example(environment, args):
+    """With --picture headless, as on a machine without a display; then it writes a picture."""
+    headless = examples.HEADLESS if "--picture" in args else {}
+    name, *args = [each for each in args if each != "--picture"] or [""]
+    script = examples.script(name)
+    build = prepare(environment, "test")
+    command = [environment.python, script, *args]
+    run(command, env=build.run_environment(**headless), cwd=os.getcwd())
 
 
 def run_script(environment, args):
@@ -167,6 +182,8 @@ COMMANDS = {
     "build": build_only,
     "clang": clang,
     "demo": demo,
+    "example": run_example,
+    "examples": list_examples,
     "format": format_sources,
     "lint": lint,
     "run": run_script,
