@@ -11,12 +11,13 @@ VENV ?= .venv
 ARGS ?=
 GAME ?= star_catcher
 
-commands := test demo examples example run bench build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
+commands := test demo examples example thumbnails run bench build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
 
 help:
 	@echo "make demo           play the demo game; GAME=platformer plays the other one"
 	@echo "make examples       list the examples, a line each"
 	@echo "make example NAME=buttons  run one; ARGS=--picture: without a window, to a picture"
+	@echo "make thumbnails     make the README's small pictures of the examples anew"
 	@echo "make run FILE=...   run a script of yours with the module, in the same environment"
 	@echo "make test           build the module and run the tests"
 	@echo "make test-ce        the tests with pygame-ce in place of pygame"

@@ -62,6 +62,12 @@ def run_example(environment, args):
     run(command, env=build.run_environment(**headless), cwd=os.getcwd())
 
 
+def thumbnails(environment, args):
+    build = prepare(environment, "test")
+    command = [environment.python, ROOT / "tools" / "thumbnails.py"]
+    run(command, env=build.run_environment(**HEADLESS))
+
+
 def run_script(environment, args):
     if not args or not args[0]:
         raise Problem("which script? make run FILE=game.py (Windows: py tools\\dev.py run game.py)")
@@ -192,6 +198,7 @@ COMMANDS = {
     "test": test,
     "test-all": test_all,
     "test-ce": test_ce,
+    "thumbnails": thumbnails,
     "wheel-check": wheel_check,
     "windows-check": check_for_windows,
 }
