@@ -30,6 +30,14 @@ def test_every_example_says_in_a_line_what_it_shows():
     assert len(examples.listing().splitlines()) == len(found)
 
 
+def test_the_gallery_shows_every_example():
+    page = (examples.ROOT / "docs" / "gallery.md").read_text(encoding="utf-8")
+    for name in examples.find():
+        if not name.startswith("tutorial/"):
+            assert f"make example NAME={name}\n" in page, name
+            assert f"/pictures/gallery_{name}.png" in page, name
+
+
 @pytest.mark.parametrize("name", ["buttons", "star_catcher"])
 def test_an_example_is_run_in_the_caller_s_folder(tmp_path, monkeypatch, runs, name):
     monkeypatch.chdir(tmp_path)
