@@ -14,7 +14,7 @@ GAME ?= star_catcher
 commands := test demo examples example thumbnails run bench build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
 
 help:
-	@echo "make demo           play the demo game; GAME=platformer plays the other one"
+	@echo "make demo           play the demo game; GAME=platformer, visual_novel: the others"
 	@echo "make examples       list the examples, a line each"
 	@echo "make example NAME=buttons  run one; ARGS=--picture: without a window, to a picture"
 	@echo "make thumbnails     make the README's small pictures of the examples anew"
