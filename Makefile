@@ -5,15 +5,19 @@
 #   ARGS=...     more arguments for the command, for example ARGS="-k label -x"
 #   FILE=...     the script that "make run" runs
 #   GAME=...     the game that "make demo" plays, a folder of examples/ (star_catcher)
+#   NAME=...     the example that "make example" runs; ARGS=--picture runs it without a window
 
 VENV ?= .venv
 ARGS ?=
 GAME ?= star_catcher
 
-commands := test demo run bench docs build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
+commands := test demo examples example thumbnails run bench docs build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
 
 help:
-	@echo "make demo           play the demo game; GAME=platformer plays the other one"
+	@echo "make demo           play the demo game; GAME=platformer, visual_novel: the others"
+	@echo "make examples       list the examples, a line each"
+	@echo "make example NAME=buttons  run one; ARGS=--picture: without a window, to a picture"
+	@echo "make thumbnails     make the README's small pictures of the examples anew"
 	@echo "make run FILE=...   run a script of yours with the module, in the same environment"
 	@echo "make test           build the module and run the tests"
 	@echo "make test-ce        the tests with pygame-ce in place of pygame"
@@ -36,7 +40,7 @@ $(commands):
 	for python in "$$@"; do \
 	  if "$$python" -c '' >/dev/null 2>&1; then \
 	    if "$$python" -c 'import sys; sys.exit(sys.version_info < (3, 8))'; then \
-	      exec "$$python" tools/dev.py --venv '$(VENV)' $@ $(if $(filter run,$@),'$(FILE)') $(if $(filter demo,$@),'$(GAME)') $(ARGS); \
+	      exec "$$python" tools/dev.py --venv '$(VENV)' $@ $(if $(filter run,$@),'$(FILE)') $(if $(filter demo,$@),'$(GAME)') $(if $(filter example,$@),'$(NAME)') $(ARGS); \
 	    fi; \
 	    old="$$python"; \
 	  fi; \

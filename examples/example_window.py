@@ -31,7 +31,7 @@ def is_headless():
 
 def play(kind, value):
     """Post an event of the mouse at a position, or of a key."""
-    if kind == pygame.KEYDOWN:
+    if kind in (pygame.KEYDOWN, pygame.KEYUP):
         pygame.event.post(pygame.event.Event(kind, key=value))
         return
     pygame.mouse.get_pos = lambda: value
@@ -46,11 +46,13 @@ def handle(layer, event):
         layer.OnPickUpFunction(*event.pos)
     elif event.type == pygame.KEYDOWN:
         layer.OnKeyDownFunction(pygame.key.name(event.key))
-    return event.type != pygame.QUIT
+    elif event.type == pygame.KEYUP:
+        layer.OnKeyUpFunction(pygame.key.name(event.key))
 
 
-def run(name, build, script=(), size=SIZE):
-    """`build(layer)` fills the layer; `script` holds (seconds, kind of event, position or key)."""
+def run(name, build, script=(), size=SIZE, layers=1):
+    """`build(layer)` fills the layer, or with more `layers` so many of them, the lowest first;
+    `script` holds (seconds, kind of event, position or key)."""
     headless = is_headless()
     if headless:
         os.environ["SDL_VIDEODRIVER"] = os.environ["SDL_AUDIODRIVER"] = "dummy"
@@ -59,9 +61,10 @@ def run(name, build, script=(), size=SIZE):
     screen = pygame.display.set_mode(size)
     Tessora.Res = Tessora.PyGameResManager(ASSETS)
     Tessora.Res.AddNewResFile(os.path.join(os.path.dirname(pygame.__file__), FONT))
-    layer = Tessora.GameLayer()
-    layer.OnLoad(Scene())
-    build(layer)
+    scene, planes = Scene(), [Tessora.GameLayer() for _ in range(layers)]
+    for layer in planes:
+        layer.OnLoad(scene)
+    build(*planes)
 
     clock, played, running, waiting = pygame.time.Clock(), 0.0, True, list(script)
     while running:
@@ -69,10 +72,14 @@ def run(name, build, script=(), size=SIZE):
         while headless and waiting and waiting[0][0] <= played:
             play(*waiting.pop(0)[1:])
         for event in pygame.event.get():
-            running = handle(layer, event) and running
-        layer.update(delay)
+            running = running and event.type != pygame.QUIT
+            for layer in planes:
+                handle(layer, event)
+        for layer in planes:
+            layer.update(delay)
         screen.fill(BACKGROUND)
-        layer.draw(screen)
+        for layer in planes:
+            layer.draw(screen)
         pygame.display.flip()
         played += delay
         if headless and played >= HEADLESS_SECONDS:

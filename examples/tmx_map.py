@@ -1,14 +1,19 @@
-"""Fills tile maps from a file of the Tiled editor, and lets a ball bounce in it.
+"""Fills tile maps from a file of the Tiled editor (needs pytmx), and lets a ball bounce in it.
 
-Needs pytmx, an optional extra: pip install "Tessora[tmx]", or pip install pytmx.
+pytmx is an optional extra: pip install "Tessora[tmx]", or pip install pytmx.
 """
 
 import os
+import sys
 
 import pygame
-import pytmx
 import Tessora
 from example_window import FONT, run
+
+try:
+    import pytmx
+except ImportError:
+    sys.exit("tmx_map.py reads its map with pytmx, which is not installed: pip install pytmx")
 
 FILE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tmx", "meadow.tmx")
 GRAVITY = 900.0

@@ -6,6 +6,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+import examples
 import windows_check
 from cmake_build import Build
 from common import ROOT, Problem, find_program, run, stubtest_command
@@ -45,6 +46,26 @@ def demo(environment, args):
         raise Problem(f"there is no game {game}; there are {games}.")
     build = prepare(environment, "test")
     run([environment.python, script, *args], env=build.run_environment())
+
+
+def list_examples(environment, args):
+    print(examples.listing(), end="")
+
+
+def run_example(environment, args):
+    """With --picture headless, as on a machine without a display; then it writes a picture."""
+    headless = examples.HEADLESS if "--picture" in args else {}
+    name, *args = [each for each in args if each != "--picture"] or [""]
+    script = examples.script(name)
+    build = prepare(environment, "test")
+    command = [environment.python, script, *args]
+    run(command, env=build.run_environment(**headless), cwd=os.getcwd())
+
+
+def thumbnails(environment, args):
+    build = prepare(environment, "test")
+    command = [environment.python, ROOT / "tools" / "thumbnails.py"]
+    run(command, env=build.run_environment(**HEADLESS))
 
 
 def run_script(environment, args):
@@ -174,6 +195,8 @@ COMMANDS = {
     "clang": clang,
     "demo": demo,
     "docs": docs,
+    "example": run_example,
+    "examples": list_examples,
     "format": format_sources,
     "lint": lint,
     "run": run_script,
@@ -182,6 +205,7 @@ COMMANDS = {
     "test": test,
     "test-all": test_all,
     "test-ce": test_ce,
+    "thumbnails": thumbnails,
     "wheel-check": wheel_check,
     "windows-check": check_for_windows,
 }

@@ -27,6 +27,8 @@ PACKAGED = """
     CHANGELOG.md CMakeLists.txt LICENSE PKG-INFO README.md Tessora.pyi docs/demo.png py.typed
     pyproject.toml
 """.split()
+# Pictures that the README shows.
+PACKAGED += [f"docs/{path.name}" for path in sorted((ROOT / "docs").glob("thumb_*.png"))]
 
 SCRIPT = """\
 import Tessora

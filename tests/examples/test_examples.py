@@ -1,6 +1,7 @@
 """The examples run to their end without a display and draw what they promise."""
 
 import os
+import runpy
 import subprocess
 import sys
 from pathlib import Path
@@ -27,6 +28,10 @@ MEADOW = {(232, 246): (128, 132, 150), (4, 398): (134, 92, 66), (5, 5): GROUND}
 OWN = {(42, 72): (92, 190, 120), (318, 114): (255, 250, 240), (370, 114): (96, 84, 140)}
 EXAMPLES += [("own_widget", "collidepoint", {**OWN, (120, 208): (24, 18, 46), (5, 5): GROUND})]
 EXAMPLES += [("diamond_map", "wrote", ISLAND), ("tmx_map", "wrote", MEADOW)]
+# Frames of the node under the mouse and of a panel; a bar that is half full, grass in front.
+OVERLAY = {(76, 150): (255, 255, 255), (120, 300): (120, 220, 255), (5, 395): GROUND}
+LAYERS = {(444, 20): (64, 0, 0), (580, 22): (255, 255, 255), (60, 398): (22, 12, 46)}
+EXAMPLES += [("debug_overlay", "wrote", OVERLAY), ("layers", "wrote", LAYERS)]
 
 
 @pytest.mark.parametrize(("name", "printed", "places"), EXAMPLES)
@@ -41,18 +46,24 @@ def test_examples_run_to_their_end(tmp_path, name, printed, places):
     assert printed in subprocess.check_output(command, stderr=subprocess.STDOUT, **options)
     picture = pygame.image.load(str(tmp_path / (name if places else "demo")) + ".png")
     assert {place: tuple(picture.get_at(place))[:3] for place in places} == places
-    spots = [(x, y) for x in range(0, 640, 4) for y in range(0, 400, 4)]
+    width, height = picture.get_size()
+    spots = [(x, y) for x in range(0, min(640, width), 4) for y in range(0, min(400, height), 4)]
     assert len({tuple(picture.get_at(spot)) for spot in spots}) > 15
 
 
-def test_the_platform_game_plays_itself_to_its_end(tmp_path):
+@pytest.mark.parametrize(
+    ("game", "ending"),
+    [("platformer", "home with "), ("visual_novel", "3 endings found")],
+    ids=["platformer", "visual_novel"],
+)
+def test_the_games_play_themselves_to_their_end(tmp_path, game, ending):
     paths = os.pathsep.join(entry for entry in sys.path if entry)
     env = dict(os.environ, TESSORA_HEADLESS="1", PYTHONPATH=paths)
-    command = [sys.executable, str(FOLDER / "platformer" / "main.py")]
+    command = [sys.executable, str(FOLDER / game / "main.py")]
     options = {"cwd": str(tmp_path), "env": env, "timeout": 600, "universal_newlines": True}
     printed = subprocess.check_output(command, stderr=subprocess.STDOUT, **options)
-    assert "home with " in printed
-    for name in ("platformer.png", "platformer_end.png"):
+    assert ending in printed
+    for name in (game + ".png", game + "_end.png"):
         picture = pygame.image.load(str(tmp_path / name))
         spots = [(x, y) for x in range(0, 800, 4) for y in range(0, 480, 4)]
         assert len({tuple(picture.get_at(spot)) for spot in spots}) > 50
@@ -63,3 +74,24 @@ def test_the_level_of_the_platform_game_is_a_map_with_a_start_and_an_end():
     assert len(rows) >= 20 and {len(row) for row in rows} == {len(rows[0])} and len(rows[0]) >= 120
     letters = "".join(rows)
     assert letters.count("P") == letters.count("H") == 1
+
+
+def test_the_scenes_of_the_story_lead_to_its_endings_and_to_each_other():
+    story = runpy.run_path(str(FOLDER / "visual_novel" / "story.py"))["STORY"]
+    last = {name: steps[-1] for name, steps in story.items()}
+    answers = [
+        scene for kind, value, *_ in last.values() if kind == "ask" for scene in value.values()
+    ]
+    assert sorted(["start", *answers]) == sorted(story)
+    assert {step[0] for step in last.values()} == {"ask", "end"}
+
+
+def test_the_example_of_tiled_maps_says_which_package_it_needs(tmp_path):
+    hidden = "import sys; sys.modules['pytmx'] = None; import runpy; runpy.run_path(sys.argv[1])"
+    command = [sys.executable, "-c", hidden, str(FOLDER / "tmx_map.py")]
+    paths = os.pathsep.join([str(FOLDER), *(entry for entry in sys.path if entry)])
+    done = subprocess.run(
+        command, env=dict(os.environ, PYTHONPATH=paths), stderr=subprocess.PIPE, text=True
+    )
+    assert done.returncode == 1
+    assert done.stderr.splitlines()[-1].endswith("not installed: pip install pytmx")

@@ -1,5 +1,6 @@
 """The README as a package index shows it."""
 
+import fnmatch
 import re
 
 import pytest
@@ -27,3 +28,15 @@ def test_the_pictures_of_the_readme_become_absolute():
     pictures = re.findall(r"!\[[^\]]*\]\(([^)]*)\)", text)
     assert pictures
     assert all(address.startswith("https://") for address in pictures)
+
+
+def test_every_picture_of_the_readme_is_there_and_in_the_source_package():
+    pictures = re.findall(r"!\[[^\]]*\]\(([^)]*)\)", README.read_text(encoding="utf-8"))
+    settings = (README.parent / "pyproject.toml").read_text(encoding="utf-8")
+    packed = re.findall(r'"/(docs/[^"]+)"', settings)
+    for picture in pictures:
+        largest = 40_000 if "thumb_" in picture else 150_000
+        assert (README.parent / picture).stat().st_size < largest
+        assert any(fnmatch.fnmatch(picture, pattern) for pattern in packed), picture
+    thumbnails = [path.name for path in (README.parent / "docs").glob("thumb_*.png")]
+    assert sorted(thumbnails) == sorted(name[5:] for name in pictures if "thumb_" in name)
