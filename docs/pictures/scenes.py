@@ -80,8 +80,6 @@ def image(name, x, y, parent=None, anchor=None, **values):
         node.SetImageAnchor(anchor)
     for attribute, value in values.items():
         setattr(node, attribute, value)
-    if parent is not None:
-        parent.AddChild(node)
     return node
 
 
