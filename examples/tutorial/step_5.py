@@ -58,7 +58,8 @@ class Firefly(Picture):
     def caught(self, node):
         global score
         self.SetPickDownFunction(None)
-        into_jar = Tessora.MoveToAction(0.4, random.randint(272, 328), random.randint(344, 400))
+        x, y = random.randint(272, 328), random.randint(344, 400)
+        into_jar = Tessora.MoveToAction(0.4, x, y)
         self.RunAction(into_jar, Tessora.ScaleToAction(0.2, 0.5, 0.5))
         play_sound("catch.wav")
         score += 1

@@ -74,7 +74,8 @@ class Firefly(Picture):
 
     def caught(self, node):
         self.SetPickDownFunction(None)
-        into_jar = Tessora.MoveToAction(0.4, random.randint(272, 328), random.randint(344, 400))
+        x, y = random.randint(272, 328), random.randint(344, 400)
+        into_jar = Tessora.MoveToAction(0.4, x, y)
         self.RunAction(into_jar, Tessora.ScaleToAction(0.2, 0.5, 0.5))
         self.on_caught()
 
@@ -86,12 +87,14 @@ class Game:
         self.back, self.play = Tessora.GameLayer(), Tessora.GameLayer()
         self.front, self.hud = Tessora.GameLayer(), Tessora.GameLayer()
         self.title, self.result = Tessora.GameLayer(), Tessora.GameLayer()
-        self.layers = self.back, self.play, self.front, self.hud, self.title, self.result
+        self.layers = [self.back, self.play, self.front, self.hud]
+        self.layers += [self.title, self.result]
 
         self.back.AddGameNode(Picture(0, 0, "meadow.png"))
         self.front.AddGameNode(Picture(265, 320, "jar.png"))
         self.front.AddGameNode(Picture(0, 384, "grass.png"))
-        self.score_label, self.time_label = Text(8, "", 36, "left"), Text(8, "", 36, "right")
+        self.score_label = Text(8, "", 36, "left")
+        self.time_label = Text(8, "", 36, "right")
         self.hud.AddGameNode(self.score_label)
         self.hud.AddGameNode(self.time_label)
 

@@ -12,7 +12,7 @@ import pygame
 import Tessora
 
 SIZE = WIDTH, HEIGHT = 640, 480
-# A bundled game finds its files where the bundle says, otherwise they lie beside the script.
+# A bundle says where its files are; without one they lie beside the script.
 FOLDER = getattr(sys, "_MEIPASS", os.path.dirname(os.path.abspath(__file__)))
 ASSETS = os.path.join(FOLDER, "assets")
 
@@ -63,7 +63,7 @@ class Button(Tessora.GUI_Button):
 
 
 class Flyer(Picture):
-    """Flies from place to place; `hop` is about how many seconds it needs for one way."""
+    """Flies from place to place, for about `hop` seconds each time."""
 
     def __init__(self, hop, *files):
         super().__init__(random.choice((-80, WIDTH)), random.randint(20, 260), *files)
@@ -84,7 +84,8 @@ class Firefly(Flyer):
 
     def caught(self, node):
         self.SetPickDownFunction(None)
-        into_jar = Tessora.MoveToAction(0.4, random.randint(272, 328), random.randint(344, 400))
+        x, y = random.randint(272, 328), random.randint(344, 400)
+        into_jar = Tessora.MoveToAction(0.4, x, y)
         self.RunAction(into_jar, Tessora.ScaleToAction(0.2, 0.5, 0.5))
         self.on_caught(self)
 
@@ -109,13 +110,16 @@ class Game:
         self.back, self.play = Tessora.GameLayer(), Tessora.GameLayer()
         self.front, self.hud = Tessora.GameLayer(), Tessora.GameLayer()
         self.title, self.result = Tessora.GameLayer(), Tessora.GameLayer()
-        self.layers = self.back, self.play, self.front, self.hud, self.title, self.result
+        self.layers = [self.back, self.play, self.front, self.hud]
+        self.layers += [self.title, self.result]
 
-        self.meadow, self.grass = Picture(0, 0, "meadow.png"), Picture(0, 384, "grass.png")
+        self.meadow = Picture(0, 0, "meadow.png")
+        self.grass = Picture(0, 384, "grass.png")
         self.back.AddGameNode(self.meadow)
         self.front.AddGameNode(Picture(265, 320, "jar.png"))
         self.front.AddGameNode(self.grass)
-        self.score_label, self.time_label = Text(8, "", 36, "left"), Text(8, "", 36, "right")
+        self.score_label = Text(8, "", 36, "left")
+        self.time_label = Text(8, "", 36, "right")
         self.hud.AddGameNode(self.score_label)
         self.hud.AddGameNode(self.time_label)
 
@@ -157,7 +161,8 @@ class Game:
     def finish(self, won):
         play_sound("win.wav" if won else "oops.wav")
         name, last = self.level["name"], self.number == len(self.levels) - 1
-        self.result_label.SetText(f"{name}: the jar is full!" if won else "The time is up")
+        text = f"{name}: the jar is full!" if won else "The time is up"
+        self.result_label.SetText(text)
         if won and last:
             self.go_on.SetText("Menu")
             self.go_on.action = lambda: self.show(self.title)
