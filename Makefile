@@ -11,7 +11,7 @@ VENV ?= .venv
 ARGS ?=
 GAME ?= star_catcher
 
-commands := test demo examples example thumbnails run bench docs build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
+commands := test demo examples example thumbnails run bench docs build asan clang lint format stubs stubs-check wheel-check bundle-check windows-check test-all test-ce
 
 help:
 	@echo "make demo           play the demo game; GAME=platformer, visual_novel: the others"
@@ -30,6 +30,7 @@ help:
 	@echo "make stubs          write Tessora.pyi from what the built module says of itself"
 	@echo "make stubs-check    compare Tessora.pyi with the built module"
 	@echo "make wheel-check    build source package and wheel, install, import, type-check"
+	@echo "make bundle-check   bundle the tutorial's game, run the bundle, compare what it draws"
 	@echo "make windows-check  compile and link for 64-bit Windows with MinGW"
 	@echo "make clang          build with clang++, warnings as errors"
 	@echo "make build          build the module only"

@@ -165,6 +165,12 @@ def wheel_check(environment, args):
     run([environment.python, ROOT / "tools" / "wheel_check.py", *args])
 
 
+def bundle_check(environment, args):
+    build = prepare(environment, "test", "bundle")
+    command = [environment.python, ROOT / "tools" / "bundle_game.py", *args]
+    run(command, env=build.run_environment())
+
+
 def lint(environment, args):
     build = Build(environment)
     build.check_host()
@@ -192,6 +198,7 @@ COMMANDS = {
     "asan": asan,
     "bench": bench,
     "build": build_only,
+    "bundle-check": bundle_check,
     "clang": clang,
     "demo": demo,
     "docs": docs,

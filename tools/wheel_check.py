@@ -1,6 +1,6 @@
 """Builds the source package and from it a wheel, as an author's pip would, installs that into an
-environment of its own, and sees that the module imports there and that a type checker finds its
-stubs."""
+environment of its own, and sees that the module imports there, that a type checker finds its stubs
+and that all of them have the version of CMakeLists.txt."""
 
 import os
 import shutil
@@ -8,6 +8,7 @@ import subprocess
 import sys
 import tarfile
 
+import version_check
 from common import (
     BUILD,
     ROOT,
@@ -38,6 +39,16 @@ node.SetX(3)
 assert node.GetXY() == (3, 2), node.GetXY()
 """
 
+VERSIONS = """\
+import sys
+from importlib.metadata import version
+
+import Tessora
+
+found = Tessora.__version__, version("Tessora")
+sys.exit(found != (sys.argv[1], sys.argv[1]) and f"module and package have the versions {found}")
+"""
+
 # A type checker that has not found the stubs takes the module for "Any" and lets this pass.
 WRONG = """\
 import Tessora
@@ -47,6 +58,7 @@ Tessora.GameNode(None).NoSuchMethod()
 
 
 def main():
+    version_check.check_here()
     if FOLDER.exists():
         shutil.rmtree(str(FOLDER))
     FOLDER.mkdir(parents=True)
@@ -93,6 +105,7 @@ def check_installed(python):
     env.pop("PYTHONPATH", None)
     env.pop("MYPYPATH", None)
     run([python, right], cwd=FOLDER, env=env)
+    run([python, "-c", VERSIONS, version_check.version()], cwd=FOLDER, env=env)
     mypy = [python, "-m", "mypy", "--strict"]
     run([*mypy, right], cwd=FOLDER, env=env)
     found = subprocess.run(
