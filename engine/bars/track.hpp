@@ -42,7 +42,7 @@ void declare_range(host::Declaration<Bar, GUI_Image>& d, int value, int step) {
 template <class Widget>
 Ref press_if_enabled(Widget& widget, Value px, Value py) {
   if (!widget.is_true(widget.enable)) return host::none();
-  return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction>(widget, px, py);
+  return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(widget, px, py);
 }
 
 inline constexpr const char* kPressSignature =
@@ -50,7 +50,7 @@ inline constexpr const char* kPressSignature =
 inline constexpr const char* kPressDoc =
     "Handle a press as a node does; a disabled widget takes none.";
 inline constexpr const char* kReleaseSignature =
-    "OnPickUpFunction(x: float, y: float) -> GameNode | None";
+    "OnPickUpFunction(px: float, py: float) -> GameNode | None";
 inline constexpr const char* kImageParameters =
     "(parent: GameNode | None = None, x: float = 0, y: float = 0)";
 
@@ -60,7 +60,7 @@ template <class Widget>
 Ref release_value(Widget& widget, Slot& picked, Value px, Value py) {
   if (!is_visible(widget) || !widget.is_true(widget.enable)) return host::none();
   widget.write(picked, false);
-  Ref taker = message::OnPickUpFunction.base<&GameNode::OnPickUpFunction>(widget, px, py);
+  Ref taker = message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Image>(widget, px, py);
   Ref callback = widget.read(widget.PickUpFunction);
   if (callback.is_set()) callback(widget);
   return taker;

@@ -46,7 +46,7 @@ bool any_collide(Value mine, Value theirs, const Number& move_x, const Number& m
 
 Ref GameCharacter::OnPickDownFunction(Value px, Value py) {
   write(PickedPartObj, nullptr);
-  Ref taker = message::OnPickDownFunction.base<&GameNode::OnPickDownFunction>(*this, px, py);
+  Ref taker = message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
   if (!taker.is_set()) return taker;
   if (taker.is(*this)) {
     write(PickedPartObj, part_under(*this, px, py));
@@ -95,7 +95,7 @@ Ref GameCharacter::GetSizeRect() {
       rects.append(message::GetSizeRect(part));
     }
   }
-  if (rects.length() == 0) return message::GetSizeRect.base<&GameNode::GetSizeRect>(*this);
+  if (rects.length() == 0) return message::GetSizeRect.base<&GameNode::GetSizeRect, GUI_Image>(*this);
   Ref first = rects.item(0);
   return first.call("unionall"_name, rects);
 }
@@ -113,8 +113,7 @@ bool GameCharacter::checkEventRectCollision(Value rect, Value move_x, Value move
   Ref mine = collision_rects();
   if (mine.length() == 0) mine.append(message::GetSizeRect(*this));
   // The trial move must not reach the caller's rectangle.
-  Ref make = host::modules::pygame["Rect"_name];
-  Ref copy = make(rect);
+  Ref copy = rect_copy(rect);
   return any_collide(mine, host::list(copy), move_x, move_y);
 }
 

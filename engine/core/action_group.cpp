@@ -12,10 +12,15 @@ using host::Value;
 void check_actions(Value group) {
   if (group.is_iterator()) return;
   host::for_each(group, [](Value action) {
-    if (message::SetTarget.find(action) != nullptr || action.find_attr("SetTarget"_name)) return;
+    const bool is_class = host::is_engine_class(action);
+    const bool is_action = !is_class && (message::SetTarget.find(action) != nullptr ||
+                                         action.find_attr("SetTarget"_name));
+    if (is_action) return;
     const bool is_group = action.is_list() || action.is_tuple();
     host::raise(PyExc_TypeError, "no action, which would have a method SetTarget: %R%s", action,
-                is_group ? " (hand over its items: *actions)" : "");
+                is_group   ? " (hand over its items: *actions)"
+                : is_class ? " (call the class to make one)"
+                           : "");
   });
 }
 

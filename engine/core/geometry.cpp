@@ -39,6 +39,18 @@ bool rects_collide(Value rect1, Value rect2, const Number& move_x, const Number&
   return rect1.call("colliderect"_name, rect2).equals_true();
 }
 
+host::Ref rect_copy(Value rect) {
+  host::Ref make = host::modules::pygame["Rect"_name];
+  const bool is_plain = Value(rect.type()).is(make) || rect.is_plain_list() || rect.is_plain_tuple();
+  constexpr Py_ssize_t kMost = 4;
+  const Py_ssize_t count = is_plain || !rect.is_sequence() ? kMost + 1 : rect.length();
+  if (count > kMost) return make(rect);
+  // Some versions of pygame crash on a sequence whose items raise.
+  host::Ref items = host::list();
+  for (Py_ssize_t index = 0; index < count; ++index) items.append(rect.item(index));
+  return make(items);
+}
+
 void register_geometry(PyObject* module) {
   host::add_function<&point_in_edges>(
       module,

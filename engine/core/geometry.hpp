@@ -9,6 +9,9 @@ namespace tessora {
 bool rects_collide(host::Value rect1, host::Value rect2, const host::Number& move_x,
                    const host::Number& move_y);
 
+// A pygame.Rect made of a script's rectangle, whatever pygame takes for one.
+host::Ref rect_copy(host::Value rect);
+
 void register_geometry(PyObject* module);
 
 }  // namespace tessora

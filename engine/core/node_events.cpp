@@ -86,8 +86,7 @@ bool GameNode::checkCollision(Value node, Value move_x, Value move_y) {
 bool GameNode::checkEventRectCollision(Value rect, Value move_x, Value move_y) {
   Ref mine = message::GetSizeRect(*this);
   // The trial move must not reach the caller's rectangle.
-  Ref make = host::modules::pygame["Rect"_name];
-  Ref copy = make(rect);
+  Ref copy = rect_copy(rect);
   return rects_collide(mine, copy, move_x, move_y);
 }
 

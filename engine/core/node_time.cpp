@@ -2,6 +2,7 @@
 #include "engine/core/action_group.hpp"
 #include "engine/core/binding_tables.hpp"
 #include "engine/core/scene_node.hpp"
+#include "engine/host/caught.hpp"
 
 namespace tessora {
 
@@ -31,17 +32,22 @@ void GameNode::RunAction(host::Rest actions) {
     player = read(ActionPlayer);
   }
   check_actions_for(player, actions);
-  if (is_new) {
-    write(ActionPlayer, player);
-    message::SetTarget(player, *this);
+  const Ref error = host::caught(PyExc_Exception, [&] {
+    if (is_new) {
+      write(ActionPlayer, player);
+      message::SetTarget(player, *this);
+    }
+    // Each step may put another player in its place.
+    message::CleanUp(Ref(read(ActionPlayer)));
+    message::AddActions(Ref(read(ActionPlayer)), actions);
+    message::Run(Ref(read(ActionPlayer)));
+  });
+  if (!error) return;
+  // A new player that did not come to run would fail in every update. Without any action it stays.
+  if (is_new && !error.is_kind_of(PyExc_IndexError) && holds(ActionPlayer, player)) {
+    write(ActionPlayer, host::none());
   }
-  // Each step may put another player in its place.
-  player = read(ActionPlayer);
-  message::CleanUp(player);
-  player = read(ActionPlayer);
-  message::AddActions(player, actions);
-  player = read(ActionPlayer);
-  message::Run(player);
+  host::raise_again(error);
 }
 
 void declare_time(NodeDeclaration& node) {

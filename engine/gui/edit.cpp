@@ -139,7 +139,7 @@ void GUI_Edit::edit_text(Value key) {
 
 void GUI_Edit::OnKeyDownFunction(Value key) {
   if (!takes_keys()) {
-    return message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction>(*this, key);
+    return message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction, GUI_Label>(*this, key);
   }
   edit_text(key);
   shown_text();

@@ -12,7 +12,7 @@ namespace tessora {
 namespace {
 
 bool names_file(Value name) {
-  Ref lowered = name.call("lower"_name);
+  Ref lowered = host::with_place("font name"_name, [&] { return name.call("lower"_name); });
   return lowered.contains(".ttf"_name) || lowered.contains(".otf"_name);
 }
 
@@ -48,15 +48,6 @@ Ref make_proven_font(const host::LazyDefault& standing) {
   return make_plain_font(proven.name, proven.size);
 }
 
-// Whether pygame's own functions make the fonts, and can make them now.
-bool makes_system_fonts() {
-  Ref own = host::import("pygame.sysfont", "SysFont"_name);
-  Ref used = host::modules::font["SysFont"_name];
-  if (!own.is(used)) return false;
-  Ref running = host::modules::font.call("get_init"_name);
-  return running.is_true();
-}
-
 }  // namespace
 
 Ref named_font(Value name, Value size, Value bold, Value italic) {
@@ -66,6 +57,11 @@ Ref named_font(Value name, Value size, Value bold, Value italic) {
 }
 
 void finish_font(Value font, Value name, Value underline, Value strike) {
+  if (font.is_none()) {
+    host::raise(PyExc_AttributeError,
+                "%.200R is not among the resources of Tessora.Res; system fonts are named without "
+                "\".ttf\" or \".otf\"", name);
+  }
   host::with_place(host::path_text(name), [&] { font.call("set_underline"_name, underline); });
   // Older versions of pygame cannot strike text through.
   if (Ref setter = font.find_attr("set_strikethrough"_name)) setter(strike);
@@ -75,7 +71,7 @@ void finish_font(Value font, Value name, Value underline, Value strike) {
 
 Ref font_when_needed(Value name, Value size) {
   const bool is_plain = name.is_plain_text() && size.is_plain_integer();
-  if (!is_plain || names_file(name) || !makes_system_fonts()) return make_plain_font(name, size);
+  if (!is_plain || names_file(name) || !host::makes_system_fonts()) return make_plain_font(name, size);
   ProvenFonts& fonts = proven_fonts();
   std::string key;
   host::append_characters(key, host::formatted("%S %S", size, name));

@@ -73,7 +73,7 @@ void GUI_Text::scroll_to_cursor() {
 
 void GUI_Text::OnKeyDownFunction(Value key) {
   if (!takes_keys()) {
-    return message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction>(*this, key);
+    return message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction, GUI_Label>(*this, key);
   }
   adopt_lines();
   const bool down = key.is_text("down"_name);

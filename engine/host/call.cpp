@@ -26,7 +26,9 @@ bool is_plain_key(PyObject* key) noexcept {
 
 bool rich_compare(PyObject* left, PyObject* right, int operation) {
   auto body = [&] { return PyObject_RichCompare(left, right, operation); };
-  Ref result = take(Value(left).compares_natively() ? in_library(body) : in_script(body));
+  // Either side may be asked.
+  const bool is_native = Value(left).compares_natively() && Value(right).compares_natively();
+  Ref result = take(is_native ? in_library(body) : in_script(body));
   return result.is_true();
 }
 
@@ -105,7 +107,7 @@ Ref call_method_with(Value receiver, Value name, std::initializer_list<Value> ar
 }
 
 bool Value::compares_natively() const noexcept {
-  return is_plain_integer() || is_plain_real() || is_plain_text() || is_plain_tuple() ||
+  return is_plain_integer() || is_plain_real() || is_plain_text() || PyBool_Check(object_) ||
          PyFunction_Check(object_) || PyMethod_Check(object_) ||
          type()->tp_richcompare == PyBaseObject_Type.tp_richcompare;
 }
@@ -167,7 +169,7 @@ bool Value::equals_false() const {
 
 bool Value::is_set() const {
   if (object_ == Py_None) return false;
-  if (compares_natively()) return true;
+  if (compares_natively() || is_plain_tuple()) return true;
   return rich_compare(object_, Py_None, Py_NE);
 }
 

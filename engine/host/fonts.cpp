@@ -65,4 +65,12 @@ std::uint64_t check_font(Value font) {
   raise_old_font();
 }
 
+bool makes_system_fonts() {
+  Ref own = import("pygame.sysfont", "SysFont"_name);
+  Ref used = modules::font["SysFont"_name];
+  if (!own.is(used)) return false;
+  Ref running = modules::font.call("get_init"_name);
+  return running.is_true();
+}
+
 }  // namespace tessora::host

@@ -16,4 +16,7 @@ void note_font(Value font);
 // Returns a number that no other font has had or will have; 0 for what is no font of pygame's.
 std::uint64_t check_font(Value font);
 
+// Whether pygame's own functions make system fonts, and can make them now.
+bool makes_system_fonts();
+
 }  // namespace tessora::host

@@ -17,7 +17,10 @@ bool is_path(Value value) {
 
 Ref path_text(Value value) {
   if (value.is_text() || !is_path(value)) return value;
-  return take(in_script([&] { return PyOS_FSPath(value.get()); }));
+  Ref path = take(in_script([&] { return PyOS_FSPath(value.get()); }));
+  if (PyBytes_Check(path.get()) == 0) return path;
+  return take(PyUnicode_DecodeFSDefaultAndSize(PyBytes_AS_STRING(path.get()),
+                                               PyBytes_GET_SIZE(path.get())));
 }
 
 }  // namespace tessora::host

@@ -1,4 +1,5 @@
 // Drawing an image widget: its picture or background, then what lies over it.
+#include "engine/host/caught.hpp"
 #include "engine/image/image.hpp"
 #include "engine/object/wrong_attributes.hpp"
 #include "engine/pixels/surface.hpp"
@@ -89,12 +90,15 @@ void GUI_Image::draw_picture_or_background(Value screen, const Slot& shown, Lazy
     if (!is_set(style) || !is_set(blendtype)) return;
     const Number opacity = read(alpha);
     const std::optional<double> level = opacity.is_real() ? std::nullopt : opacity.plain();
-    if (level && *level >= 0 && *level <= kOpaque &&
-        message::drawimage.direct<&GUI_Image::drawimage>(*this) != nullptr) {
+    const bool is_level = level && *level >= 0 && *level <= kOpaque;
+    if (is_level && message::drawimage.direct<&GUI_Image::drawimage>(*this) != nullptr) {
       draw_shown(screen, picture, static_cast<int>(*level));
       return;
     }
-    if (!(opacity == Number(kOpaque))) picture = render::faded(picture, opacity.object());
+    auto fade = [&] { return render::faded(picture, opacity.object()); };
+    if (!(opacity == Number(kOpaque))) {
+      picture = is_level ? fade() : host::with_place("alpha"_name, fade);
+    }
     message::drawimage(*this, screen, picture);
   }
   if (!is_set(shown) && !is_hollow()) message::drawBGColor(*this, screen, read(background));

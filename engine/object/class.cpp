@@ -211,6 +211,16 @@ const Attribute* attribute_at(const Object& object, const Slot& slot) {
 
 }  // namespace
 
+bool Object::is_covered(const Slot& slot) const noexcept {
+  const Attribute* attribute = attribute_at(*this, slot);
+  if (attribute == nullptr) return false;
+  PyTypeObject* type = Py_TYPE(this);
+  if (type_record(type).hooked) return true;
+  PyObject* found = _PyType_Lookup(type, attribute->name);
+  return found != nullptr && Py_TYPE(found) != &PyMemberDescr_Type &&
+         Py_TYPE(found) != &PyGetSetDescr_Type;
+}
+
 Ref Object::read_slow(const Slot& slot) const {
   const Attribute* attribute = attribute_at(*this, slot);
   if (attribute == nullptr) return Value(slot.object_);

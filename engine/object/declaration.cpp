@@ -74,12 +74,23 @@ Ref copy_of(Value value) {
   return import("copy", "copy"_name)(value);
 }
 
-// A dictionary of containers, down to these.
+// An entry of a table, whose lists a script may go on filling.
+Ref copy_of_entry(Value entry) {
+  Ref copy = copy_of(entry);
+  if (!copy.is_plain_list()) return copy;
+  for (Py_ssize_t index = 0; index < copy.length(); ++index) {
+    Ref item = copy.item(index);
+    if (item.is_list()) copy.set_item(integer(index), copy_of(item));
+  }
+  return copy;
+}
+
+// A dictionary of containers, down to these and the lists in them.
 Ref copy_of_table(Value table) {
   Ref copy = copy_of(table);
   for (Ref key : items(copy)) {
     Ref entry = copy.item(key);
-    copy.set_item(key, copy_of(entry));
+    copy.set_item(key, copy_of_entry(entry));
   }
   return copy;
 }

@@ -76,7 +76,7 @@ struct Object : PyObject {
   }
   // Whether there is no value: not yet, or because a script deleted it.
   [[nodiscard]] bool is_unset(const Slot& slot) const noexcept {
-    return slot.object_ == nullptr && !properties_override;
+    return slot.object_ == nullptr && (!properties_override || !is_covered(slot));
   }
 
   void write(Slot& slot, Value value) {
@@ -215,6 +215,8 @@ struct Object : PyObject {
   void write_pending(LazySlot& slot, LazyDefault::Make make, std::uint32_t detail, double x,
                      double y);
   static void materialise(LazySlot& slot);
+  // Whether a script's class stands between Python and the slot.
+  [[nodiscard]] bool is_covered(const Slot& slot) const noexcept;
   [[nodiscard]] Ref read_slow(const Slot& slot) const;
   void write_slow(Slot& slot, Value value);
   [[nodiscard]] bool carries_slow(Value name) const;

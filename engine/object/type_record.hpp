@@ -91,6 +91,12 @@ inline Object* engine_object(Value value) {
                                                            : nullptr;
 }
 
+// Whether it is one of the engine's classes itself, or a script's subclass.
+inline bool is_engine_class(Value value) {
+  return PyType_Check(value.get()) != 0 &&
+         type_record(reinterpret_cast<PyTypeObject*>(value.get())).engine_class != nullptr;
+}
+
 // Names that decide what the engine does when a script's class defines them.
 void add_relevant_name(Value name);
 

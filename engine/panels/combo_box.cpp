@@ -118,25 +118,43 @@ void Combo::PickDropListFunction(Value) {
 Ref Combo::OnPickDownFunction(Value px, Value py) {
   if (!is_visible(*this) || !is_true(enable)) return host::none();
   if (drawn_rect_contains(px, py)) {
-    return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction>(*this, px, py);
+    return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
   }
   message::SetFocusIn(Ref(read(Edit)), false);
   message::SetVisible(Ref(read(DropList)), false);
   return host::none();
 }
 
-// Keys reach registered nodes only, so the combo box hands them on.
-void Combo::OnKeyDownFunction(Value key) {
-  message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction>(*this, key);
-  if (!is_visible(*this) || !is_true(enable)) return;
-  Ref edit = read(Edit);
-  Ref focused = message::IsFocusIn(edit);
-  if (focused.equals_true()) message::OnKeyDownFunction(edit, key);
+// A disabled combo box opens and chooses nothing, but what was pressed must not stay pressed.
+Ref Combo::OnPickUpFunction(Value px, Value py) {
+  if (is_true(enable)) {
+    return message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Image>(*this, px, py);
+  }
+  if (!is_visible(*this)) return host::none();
+  write(clicked, false);
+  let_go(Ref(read(Button)));
   Ref list = read(DropList);
-  if (!is_visible(list)) return;
-  if (key.is_text("return"_name)) {
+  if (auto* known = host::instance_of<GUI_ListBox>(list)) known->let_go_of_lines();
+  return host::none();
+}
+
+// Keys reach registered nodes only, so the combo box hands them on. What moves in an open list is
+// not typed.
+void Combo::OnKeyDownFunction(Value key) {
+  message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction, GUI_Image>(*this, key);
+  if (!is_visible(*this) || !is_true(enable)) return;
+  Ref list = read(DropList);
+  const bool is_open = is_visible(list);
+  const bool is_choice = is_open && key.is_text("return"_name);
+  const bool is_move = is_open && (key.is_text("down"_name) || key.is_text("up"_name));
+  if (!is_choice && !is_move) {
+    Ref edit = read(Edit);
+    Ref focused = message::IsFocusIn(edit);
+    if (focused.equals_true()) message::OnKeyDownFunction(edit, key);
+  }
+  if (is_choice) {
     message::PickDropListFunction(*this);
-  } else {
+  } else if (is_open) {
     message::OnKeyDownFunction(list, key);
   }
 }
@@ -254,13 +272,17 @@ void register_combo_box(PyObject* module) {
           "Put the text of the selected line into the edit and close the list; called when a line "
           "is clicked.")
       .method<&Combo::OnPickDownFunction>(
-          "OnPickDownFunction(x: float, y: float) -> GameNode | None",
+          "OnPickDownFunction(px: float, py: float) -> GameNode | None",
           "Handle a press as a node does. One elsewhere closes the list and takes the focus from "
           "the edit; a disabled combo box does nothing.")
+      .method<&Combo::OnPickUpFunction>(
+          "OnPickUpFunction(x: float, y: float) -> GameNode | None",
+          "Handle a release as a node does; a disabled combo box neither opens nor chooses.")
       .method<&Combo::OnKeyDownFunction>(
           "OnKeyDownFunction(key: Hashable) -> None",
-          "Run what is registered for the key; then it goes to the edit while that has the focus, "
-          "and to the list while that is open, whose selection \"return\" takes over.");
+          "Run what is registered for the key; then it goes to the list while that is open, and to "
+          "the edit while that has the focus. In an open list \"up\" and \"down\" select and "
+          "\"return\" takes the selection over; these are not typed.");
   declare_draw<&Combo::draw>(combo,
                              "Draw the edit, the button and the open list, without a background.");
   combo.finish();

@@ -19,6 +19,7 @@ struct GUI_ComboBox : GUI_Image {
   void ClickBtnFunction(Value node);
   void PickDropListFunction(Value node);
   Ref OnPickDownFunction(Value px, Value py);
+  Ref OnPickUpFunction(Value px, Value py);
   void OnKeyDownFunction(Value key);
   void draw(Value screen, Value offset_x, Value offset_y, Value scale);
 

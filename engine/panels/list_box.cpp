@@ -59,6 +59,15 @@ void List::count_shown_lines() {
   write(showlineCount, lines.truncated());
 }
 
+void let_go(Value node) {
+  auto* known = host::instance_of<GameNode>(node);
+  if (known != nullptr && known->is_true(known->clicked)) known->write(known->clicked, false);
+}
+
+void List::SetWidth(Value pixels) {
+  write(width, pixels);
+}
+
 void List::SetHeight(Value pixels) {
   write(height, pixels);
   count_shown_lines();
@@ -128,7 +137,7 @@ Ref List::OnPickDownFunction(Value px, Value py) {
   if (known != nullptr && is_visible(bar) && known->drawn_rect_contains(px, py)) {
     return message::OnPickDownFunction(bar, px, py);
   }
-  return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction>(*this, px, py);
+  return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
 }
 
 // The lines would take the release that ends a drag of the scroll bar, which they lie beside.
@@ -141,19 +150,21 @@ Ref List::OnPickUpFunction(Value px, Value py) {
   }
   Ref taker = host::none();
   if (is_true(enable)) {
-    taker = message::OnPickUpFunction.base<&GameNode::OnPickUpFunction>(*this, px, py);
+    taker = message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Image>(*this, px, py);
   }
   bool is_line = false;
   Ref lines = read(lineArray);
-  for (Ref line : host::items(lines)) {
-    is_line = is_line || line.is(taker);
-    // The release stopped at the line under the pointer, not at the pressed one.
-    auto* known = host::instance_of<GameNode>(line);
-    if (known != nullptr && known->is_true(known->clicked)) known->write(known->clicked, false);
-  }
+  for (Ref line : host::items(lines)) is_line = is_line || line.is(taker);
+  // The release stopped at the line under the pointer, not at the pressed one.
+  let_go_of_lines();
   Ref callback = read(PickUpFunction);
   if (is_line && callback.is_set()) callback(*this);
   return taker;
+}
+
+void List::let_go_of_lines() {
+  Ref lines = read(lineArray);
+  for (Ref line : host::items(lines)) let_go(line);
 }
 
 void List::OnKeyDownFunction(Value key) {
@@ -167,7 +178,7 @@ void List::OnKeyDownFunction(Value key) {
       message::SetSelectedIndex(*this, selected - Number(1));
     }
   }
-  message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction>(*this, key);
+  message::OnKeyDownFunction.base<&GameNode::OnKeyDownFunction, GUI_Image>(*this, key);
 }
 
 // Whichever of the two moved since they agreed tells the other.
@@ -294,8 +305,9 @@ void register_list_box(PyObject* module) {
   list.sets<&List::NodeType>("ListBox").sets<&List::width>(120).sets<&List::height>(100);
   declare_rows(list);
   declare_list_lines(list);
-  list.method<&List::SetHeight>("SetHeight(h: float) -> None",
+  list.method<&List::SetHeight>("SetHeight(height: float) -> None",
                                 "Set `height` in pixels and count the lines that fit.")
+      .method<&List::SetWidth>("SetWidth(width: float) -> None", "Set `width` in pixels.")
       .method<&List::SetLineGap>("SetLineGap(gap: float) -> None",
                                  "Set `linegap`: distance between lines, pixels.")
       .method<&List::SetSelectedIndex>(
@@ -307,14 +319,14 @@ void register_list_box(PyObject* module) {
           "ClickItemFunction(item: GUI_CheckButton) -> None",
           "Select a line, and no other; called with the line that is clicked.")
       .method<&List::OnPickDownFunction>(
-          "OnPickDownFunction(x: float, y: float) -> GameNode | None",
+          "OnPickDownFunction(px: float, py: float) -> GameNode | None",
           "Handle a press as a node does, but inside its rectangle only; a disabled list takes "
           "none.")
       .method<&List::OnPickUpFunction>(
-          "OnPickUpFunction(x: float, y: float) -> GameNode | None",
+          "OnPickUpFunction(px: float, py: float) -> GameNode | None",
           "Handle a release as a node does; `PickUpFunction` is called for one over a line, too.")
       .method<&List::OnKeyDownFunction>(
-          "OnKeyDownFunction(key: Hashable) -> None",
+          "OnKeyDownFunction(keyname: Hashable) -> None",
           "Select the next line on \"down\" and the previous one on \"up\", unless the list is "
           "hidden or disabled; then run what is registered for the key.")
       .method<&List::draw_children>(

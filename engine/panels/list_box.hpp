@@ -33,6 +33,7 @@ struct GUI_ListBox : GUI_Image {
   void make_scroll_bar();
   void begin_sunken();
   void count_shown_lines();
+  void SetWidth(Value pixels);
   void SetHeight(Value pixels);
   void SetLineGap(Value gap);
   void SetSelectedIndex(Value index);
@@ -40,6 +41,7 @@ struct GUI_ListBox : GUI_Image {
   void ClickItemFunction(Value item);
   Ref OnPickDownFunction(Value px, Value py);
   Ref OnPickUpFunction(Value px, Value py);
+  void let_go_of_lines();
   void OnKeyDownFunction(Value key);
   void draw(Value screen, Value offset_x, Value offset_y, Value scale);
   void draw_children(Value screen, Value offset_x, Value offset_y, Value scale);
@@ -55,6 +57,9 @@ struct GUI_ListBox : GUI_Image {
   void agree_on_first_line(Value bar, const Number& most);
   void place_lines();
 };
+
+// A node that was pressed is pressed no longer.
+void let_go(Value node);
 
 using ListDeclaration = host::Declaration<GUI_ListBox, GUI_Image>;
 void declare_list_lines(ListDeclaration& list);

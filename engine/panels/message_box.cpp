@@ -68,9 +68,9 @@ void GUI_MsgBox::SetText(Value given) {
 // A constructor tells of the scene before the box has its parts.
 void GUI_MsgBox::OnLoad(Value scene) {
   if (scene.is_none()) {
-    message::OnLoad.base<&GameNode::OnLoad>(*this, read(sceneInstance));
+    message::OnLoad.base<&GameNode::OnLoad, GUI_Label>(*this, read(sceneInstance));
   } else {
-    message::OnLoad.base<&GameNode::OnLoad>(*this, scene);
+    message::OnLoad.base<&GameNode::OnLoad, GUI_Label>(*this, scene);
   }
 }
 

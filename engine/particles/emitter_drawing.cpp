@@ -1,6 +1,7 @@
 // Drawing particles and their number, and removing the dead.
 #include "engine/core/binding_tables.hpp"
 #include "engine/host/caught.hpp"
+#include "engine/host/fonts.hpp"
 #include "engine/host/quit.hpp"
 #include "engine/particles/emitter.hpp"
 
@@ -74,38 +75,33 @@ class Departure {
   Ref left_ = host::list();
 };
 
-// Counters as they were rendered, by their texts. No font is kept: some versions of pygame crash
-// when one from before a pygame.font.quit() is used.
-struct Counters {
-  Ref maker;  // of the font: pygame's SysFont, or what a script has put in its place
-  Ref pictures;
-};
+Ref counter_font() {
+  return host::modules::font["SysFont"_name]("Arial"_name, 16_const);
+}
 
-Counters& kept_counters() {
+Ref counter_picture(Value font, Value text) {
+  Ref red = host::modules::pygame["Color"_name]("red"_name);
+  return font.call("render"_name, text, 0_const, red);
+}
+
+// Counters in pygame's own font, by their texts. No font is kept: some versions of pygame crash
+// when one from before a pygame.font.quit() is used.
+Ref& kept_counters() {
   // Never destroyed: the interpreter is gone when static objects are.
   static auto* const kept = [] {
-    host::tell_of_quit([] { kept_counters() = {}; });
-    return new Counters;
+    host::tell_of_quit([] { kept_counters() = host::dictionary(); });
+    return new Ref(host::dictionary());
   }();
   return *kept;
 }
 
-Ref counter_picture(Value text) {
+Ref kept_counter(Value text) {
   constexpr Py_ssize_t kMost = 512;
-  Ref make = host::modules::font["SysFont"_name];
-  Ref initialised = host::modules::font.call("get_init"_name);
-  const bool is_known = kept_counters().pictures && make.is(kept_counters().maker);
-  Ref known = is_known ? kept_counters().pictures : host::dictionary();
-  if (initialised.is_true()) {
-    if (Ref picture = known.find_item(text)) return picture;
-  }
-  Ref font = make("Arial"_name, 16_const);
-  Ref red = host::modules::pygame["Color"_name]("red"_name);
-  Ref picture = font.call("render"_name, text, 0_const, red);
+  if (Ref picture = kept_counters().find_item(text)) return picture;
+  Ref picture = counter_picture(counter_font(), text);
   host::listen_for_quit();
-  if (known.length() >= kMost) known = host::dictionary();
-  known.set_item(text, picture);
-  kept_counters() = {make, known};
+  if (kept_counters().length() >= kMost) kept_counters() = host::dictionary();
+  kept_counters().set_item(text, picture);
   return picture;
 }
 
@@ -129,9 +125,13 @@ void ParticleEmitter::draw_particles(Value screen, Value offset_x, Value offset_
 }
 
 void ParticleEmitter::draw_counter(Value screen) {
-  Ref counts = host::tuple(read(ParticleCount), read(ParticleTotal));
-  Ref picture = counter_picture("ParticleTotal:%d / %d "_name.call("__mod__"_name, counts));
+  // A script that makes the fonts is asked on every draw.
+  const bool is_plain = host::makes_system_fonts();
+  Ref font = is_plain ? Ref() : counter_font();
   Ref place = host::modules::mouse.call("get_pos"_name);
+  Ref counts = host::tuple(read(ParticleCount), read(ParticleTotal));
+  Ref text = "ParticleTotal:%d / %d "_name.call("__mod__"_name, counts);
+  Ref picture = is_plain ? kept_counter(text) : counter_picture(font, text);
   const Number across = place.item(0);
   const Number down = place.item(1);
   render::Canvas(screen).blit(picture, {across.to_double(), down.to_double()});

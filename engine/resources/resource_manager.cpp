@@ -33,7 +33,7 @@ bool is_hidden(Value name) {
 
 void ResourceManager::read_root(Value directory) {
   Ref folder = host::path_text(directory);
-  write(resdir, folder);
+  if (!folder.is(directory)) write(resdir, folder);
   host::modules::path["split"_name](folder);
   message::FoundAllResFile(*this, folder);
 }

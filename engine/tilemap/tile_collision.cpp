@@ -119,14 +119,25 @@ Block read_block(Value information) {
   return {columns, host::range_length(size.row)};
 }
 
-std::optional<Block> TiledMap::block_of(Value index) {
-  std::optional<Block> block;
+template <class Body>
+void TiledMap::if_blocking(Value index, Body body) {
   unless_lost(index, [&] {
     Ref node = resource(index);
     Ref collision = message::GetCollision(node);
     const Cell pair = unpack_pair(collision);
-    if (pair.column.equals(host::integer(kBlocking))) block = read_block(pair.row);
+    if (pair.column.equals(host::integer(kBlocking))) body(pair.row);
   });
+}
+
+bool TiledMap::is_blocking(Value index) {
+  bool found = false;
+  if_blocking(index, [&](Value) { found = true; });
+  return found;
+}
+
+std::optional<Block> TiledMap::block_of(Value index) {
+  std::optional<Block> block;
+  if_blocking(index, [&](Value information) { block = read_block(information); });
   return block;
 }
 

@@ -84,7 +84,7 @@ void TiledMap::DelTileObject(Value tx, Value ty, Value is_tile) {
   Ref place = flat_index(cell.column, cell.row);
   Ref tiles = read(Tile_Array);
   Ref index = tiles.item(place);
-  if (holds_tile(index) && block_of(index)) {
+  if (holds_tile(index) && is_blocking(index)) {
     Ref blocked = read(Coll_Array);
     blocked.set_item(place, host::integer(0));
   }

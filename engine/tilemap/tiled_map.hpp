@@ -65,6 +65,9 @@ struct TiledMap : GameNode {
   void UpdateTileCollision();
   Ref checkCollision(Value node, Value move_x, Value move_y);
   // What the node of a tile covers; nothing if it does not collide or, which is printed, is lost.
+  template <class Body>
+  void if_blocking(Value index, Body body);
+  bool is_blocking(Value index);
   std::optional<Block> block_of(Value index);
   // Blocks the cells that the node of the tile in this cell covers.
   void mark_covered(Value column, Value row, Value index);

@@ -180,6 +180,7 @@ NO_ACTIONS = {
     "number": 5,
     "node": T.GameNode(None),
     "class without SetTarget": object,
+    "class of actions": T.MoveToAction,
 }
 
 
@@ -196,6 +197,17 @@ def test_a_player_refuses_what_is_no_action_and_stays_as_it_was(bad):
         assert dict(vars(node.ActionPlayer)) == before and unplayed.targetNode is None
     node.update(1)
     assert node.x == 10 and good.over is True
+
+
+def test_a_new_player_that_cannot_run_goes(screen):
+    def fail(self, node=None):
+        raise ValueError(node)
+
+    node = make_node()
+    for step in ("SetTarget", "Run"):
+        pytest.raises(ValueError, node.RunAction, type("Stubborn", (T.GAction,), {step: fail})())
+        assert node.ActionPlayer is None
+    node.update(1)
 
 
 def test_a_list_of_actions_is_told_from_actions():

@@ -95,10 +95,11 @@ def test_lists_of_collision_rectangles_are_not_shared(button):
 @pytest.mark.parametrize("table", ["BindingEventArray", "InnerBindingEventArray"])
 def test_entries_of_the_event_tables_are_not_shared(table):
     source, other = T.GameNode(None), T.GameNode(None)
-    getattr(source, table)["Load"] = ["f", "code"]
+    getattr(source, table)["Load"] = ["f", ["code"]]
     source.CopyTo(other)
     getattr(other, table)["Load"][0] = "changed"
-    assert getattr(source, table)["Load"] == ["f", "code"]
+    getattr(other, table)["Load"][1].append("more")
+    assert getattr(source, table)["Load"] == ["f", ["code"]]
 
 
 ORDER = "BorderVisible BorderWidth BorderColor BlendType Text ShowChar Font TextVisible TextHAlign"

@@ -1,5 +1,6 @@
 """Errors name the file or the attribute that they are about."""
 
+import os
 import pathlib
 
 import pygame
@@ -34,6 +35,12 @@ def test_without_resource_manager(screen, monkeypatch, kind):
     assert "Res" in str(caught.value) and "hero" in str(caught.value)
 
 
+@pytest.mark.parametrize("name", [None, 5])
+def test_a_font_name_that_is_no_text(screen, name):
+    with pytest.raises(AttributeError, match="font name"):
+        T.GUI_Label(None, 0, 0, "text", name)
+
+
 MISSING = {"font": AttributeError, "atlas": TypeError, "animation": TypeError}
 
 
@@ -55,6 +62,8 @@ WRONG = [
     (T.GUI_Image, "width", "wide", PICTURE, TypeError),
     (T.GUI_Image, "height", None, PICTURE, TypeError),
     (T.GUI_Image, "alpha", "clear", {}, TypeError),
+    (T.GUI_Image, "alpha", 300, PICTURE, ValueError),
+    (T.GUI_Image, "alpha", float("nan"), PICTURE, ValueError),
     (T.GUI_Image, "bgColor", "no color", {}, ValueError),
     (T.GUI_Image, "bgColor", (300, 0, 0), PICTURE, ValueError),
     (T.GUI_Image, "borderwidth", "x", RAISED, TypeError),
@@ -113,6 +122,16 @@ PATHS = {
     "PlaySound": lambda path: T.Res.PlaySound(path("hero.wav")),
     "PlayMusic": lambda path: T.Res.PlayMusic(path("hero.wav")),
 }
+
+
+class PathOfBytes:
+    def __init__(self, name):
+        self.name = os.fsencode(name)
+
+    def __fspath__(self):
+        return self.name
+
+
 FRAME = b"<key>frame</key><string>{{0,0},{4,4}}</string>"
 FRAMES = b"<key>frames</key><dict><key>a</key><dict>%s</dict></dict>" % FRAME
 
@@ -126,12 +145,12 @@ def test_paths_do_for_file_names(res, capsys, name):
         write_file(res / "hero.ttf", font.read())
     T.Res.FoundAllResFile(str(res))
     results = []
-    for path in (str, pathlib.PurePosixPath):
+    for path in (str, pathlib.PurePosixPath, PathOfBytes):
         result = PATHS[name](path)
         names = list(T.Res.ImageDict), T.Res.ImageDict_MemManage_List
         results.append((type(result), result == -1, capsys.readouterr().out, names))
         T.Res.ReleaseAllImageMemeory()
-    assert results[0] == results[1]
+    assert results[1:] == results[:1] * 2
 
 
 def test_a_path_names_a_folder_and_a_new_file(res):

@@ -300,6 +300,33 @@ def test_keys_reach_the_edit_and_the_open_list(screen):
     assert (combo.Edit.GetText(), combo.DropList.IsVisible()) == ("choice 1", False)
 
 
+def test_what_moves_in_the_open_list_is_not_typed(screen):
+    combo = combo_box()
+    click(combo, screen, 60, 40)
+    for key in ("a", "up"):
+        combo.OnKeyDownFunction(key)
+    combo.ClickBtnFunction()
+    for key in ("down", "up", "b"):
+        combo.OnKeyDownFunction(key)
+    assert (combo.Edit.GetText(), combo.GetSelectedIndex()) == ("aupb", 0)
+
+
+def test_a_disabled_combo_box_neither_opens_nor_chooses(screen):
+    combo = combo_box()
+    combo.enable = False
+    click(combo, screen, 150, 40)
+    assert combo.DropList.IsVisible() is False
+    combo.enable = True
+    combo.ClickBtnFunction()
+    combo.draw(screen)
+    line = combo.OnPickDownFunction(60, 60)
+    assert line.clicked is True
+    combo.enable = False
+    assert combo.OnPickUpFunction(60, 60) is None
+    assert line.clicked is False and combo.GetSelectedIndex() == -1
+    assert combo.DropList.IsVisible() is True
+
+
 def test_a_combo_box_hands_over_to_its_parts(screen):
     combo = combo_box(2)
     combo.SetWidth(200)

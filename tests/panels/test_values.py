@@ -93,6 +93,15 @@ def test_arguments_by_keyword(screen):
     assert T.GUI_ListBox(parent=None, x=1, y=2).GetXY() == (1, 2)
     item = T.TreeItemNode(itemText="a", itemValue=1, itemImage=None)
     assert T.GUI_Tree().InsertItem("", itemText="b", index=0).itemText == "b" != item.itemText
+    for cls in (T.GUI_ListBox, T.GUI_ComboBox):
+        assert cls().OnPickDownFunction(px=-9, py=-9) is None
+    for cls in (T.GUI_ListBox, T.GUI_HScrollBar, T.GUI_VScrollBar, T.GUI_Scale):
+        assert cls().OnPickUpFunction(px=-9, py=-9) is None
+    widget = T.GUI_ListBox()
+    widget.SetHeight(height=50)
+    widget.SetWidth(width=70)
+    widget.OnKeyDownFunction(keyname="down")
+    assert (widget.width, widget.height) == (70, 50)
 
 
 # Scripts may press for themselves, and take the place of every method.

@@ -379,14 +379,15 @@ def test_the_counter_stands_at_the_mouse(screen, monkeypatch):
     assert pygame.image.tobytes(screen, "RGB") == pygame.image.tobytes(expected, "RGB")
 
 
-def test_the_counter_is_rendered_when_it_changes(screen, monkeypatch):
-    font = Recorder(pygame.Surface((4, 4)))
-    monkeypatch.setattr(pygame.font, "SysFont", lambda *args: font if args == ("Arial", 16) else 0)
+def test_a_script_that_makes_the_fonts_is_asked_on_every_draw(screen, monkeypatch):
+    font, asked = Recorder(pygame.Surface((4, 4))), []
+    monkeypatch.setattr(pygame.font, "SysFont", lambda *args: asked.append(args) or font)
+    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: asked.append("mouse") or (0, 0))
     emitter = T.ParticleEmitter(None)
-    for _ in range(3):
-        emitter.draw(screen)
+    emitter.draw(screen)
     emitter.SetParticleTotal(9.5)
     emitter.draw(screen)
+    assert asked == [("Arial", 16), "mouse"] * 2
     red = pygame.Color("red")
     texts = ["ParticleTotal:0 / 250 ", "ParticleTotal:0 / 9 "]
     assert font.calls == [("render", (text, 0, red)) for text in texts]

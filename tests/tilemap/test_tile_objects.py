@@ -73,6 +73,9 @@ def test_a_node_whose_information_makes_no_sense_is_lost(info, capsys):
     tilemap.SetTileObject(0, 0, 0, True)
     assert capsys.readouterr().out == LOST.format(0)
     assert (tilemap.Tile_Array[0], blocked(tilemap)) == (0, [])
+    tilemap.Coll_Array[0] = True
+    tilemap.DelTileObject(0, 0, True)
+    assert blocked(tilemap) == [] and capsys.readouterr().out == "", "only its type counts here"
 
 
 def test_a_lost_node_is_told_and_its_cell_kept(capsys):
