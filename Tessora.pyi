@@ -1958,7 +1958,7 @@ class GUI_Scale(GUI_Image):
     def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
         """Handle a press as a node does; a disabled widget takes none."""
 
-    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickUpFunction(self, px: float, py: float) -> GameNode | None:
         """End the drag of the button, handle the release as a node does and call `PickUpFunction`.
 
         A hidden or disabled scale does nothing.
@@ -2032,7 +2032,7 @@ class GUI_VScrollBar(GUI_Image):
     def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
         """Handle a press as a node does; a disabled widget takes none."""
 
-    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickUpFunction(self, px: float, py: float) -> GameNode | None:
         """End the drag of the thumb, handle the release as a node does and call `PickUpFunction`.
 
         A hidden or disabled bar does nothing.
@@ -2105,7 +2105,7 @@ class GUI_HScrollBar(GUI_Image):
     def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
         """Handle a press as a node does; a disabled widget takes none."""
 
-    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickUpFunction(self, px: float, py: float) -> GameNode | None:
         """End the drag of the thumb, handle the release as a node does and call `PickUpFunction`.
 
         A hidden or disabled bar does nothing.
@@ -2273,8 +2273,11 @@ class GUI_ListBox(GUI_Image):
     def SetLineHeight(self, height: float) -> None:
         """Set `lineHeight`, for all lines, in pixels."""
 
-    def SetHeight(self, h: float) -> None:
+    def SetHeight(self, height: float) -> None:
         """Set `height` in pixels and count the lines that fit."""
+
+    def SetWidth(self, width: float) -> None:
+        """Set `width` in pixels."""
 
     def SetLineGap(self, gap: float) -> None:
         """Set `linegap`: distance between lines, pixels."""
@@ -2288,15 +2291,15 @@ class GUI_ListBox(GUI_Image):
     def ClickItemFunction(self, item: GUI_CheckButton) -> None:
         """Select a line, and no other; called with the line that is clicked."""
 
-    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickDownFunction(self, px: float, py: float) -> GameNode | None:
         """Handle a press as a node does, but inside its rectangle only; a disabled list takes
         none.
         """
 
-    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickUpFunction(self, px: float, py: float) -> GameNode | None:
         """Handle a release as a node does; `PickUpFunction` is called for one over a line, too."""
 
-    def OnKeyDownFunction(self, key: Hashable) -> None:
+    def OnKeyDownFunction(self, keyname: Hashable) -> None:
         """Select the next line on "down" and the previous one on "up", unless the list is hidden
         or disabled; then run what is registered for the key.
         """
@@ -2433,14 +2436,18 @@ class GUI_ComboBox(GUI_Image):
         is clicked.
         """
 
-    def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
+    def OnPickDownFunction(self, px: float, py: float) -> GameNode | None:
         """Handle a press as a node does. One elsewhere closes the list and takes the focus from
         the edit; a disabled combo box does nothing.
         """
 
+    def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
+        """Handle a release as a node does; a disabled combo box neither opens nor chooses."""
+
     def OnKeyDownFunction(self, key: Hashable) -> None:
-        """Run what is registered for the key; then it goes to the edit while that has the focus,
-        and to the list while that is open, whose selection "return" takes over.
+        """Run what is registered for the key; then it goes to the list while that is open, and to
+        the edit while that has the focus. In an open list "up" and "down" select and "return"
+        takes the selection over; these are not typed.
         """
 
     def draw(
