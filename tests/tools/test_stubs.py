@@ -8,7 +8,7 @@ import pytest
 import stubs
 from common import ROOT, Problem
 
-HEAD = '"""A module."""\n\nfrom __future__ import annotations\n\nPass: Any\n'
+HEAD = "from __future__ import annotations\n\nPass: Any\n"
 
 
 def value(name="speed", type="float", doc="Pixels per second."):
@@ -87,8 +87,9 @@ def test_a_property_is_read_and_written():
         ("word " * 30, '"""' + ("word " * 19).strip() + "\n" + ("word " * 11).strip() + '\n"""\n'),
         ("First.\n\nSecond\nline.", '"""First.\n\nSecond line.\n"""\n'),
         ("First:\n\n- a list\n- kept", '"""First:\n\n- a list\n- kept\n"""\n'),
+        ("First.\n\n>>> x = 1\n>>> x\n1", '"""First.\n\n>>> x = 1\n>>> x\n1\n"""\n'),
     ],
-    ids=["short", "quotation marks", "backslash", "filled", "paragraphs", "list"],
+    ids=["short", "quotation marks", "backslash", "filled", "paragraphs", "list", "example"],
 )
 def test_docstrings_are_filled(text, shown):
     assert stubs.docstring(text) == shown
