@@ -1,6 +1,7 @@
 """Set-up of all tests: no screen, no sound, and the module that was just built."""
 
 import os
+import random
 import sys
 
 # pygame reads these when it is imported.
@@ -26,6 +27,12 @@ if _MODULE_FOLDER and not os.path.samefile(os.path.dirname(Tessora.__file__), _M
 def pytest_report_header(config):
     flavour = "pygame-ce" if getattr(pygame, "IS_CE", False) else "pygame"
     return f"{flavour} {pygame.version.ver}, {Tessora.__file__}"
+
+
+@pytest.fixture(autouse=True)
+def chance(request):
+    """The same particles on every run: they ask `random` themselves."""
+    random.seed(request.node.name)
 
 
 @pytest.fixture

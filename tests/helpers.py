@@ -6,6 +6,7 @@ import os
 import subprocess
 import sys
 
+import pygame
 import pytest
 import Tessora as T
 
@@ -132,29 +133,21 @@ for name, piece in {pieces!r}:
 """
 
 
-# What a script needs to print the memory that its process has.
-MEMORY = """
-import os
-def megabytes():
-    with open("/proc/self/statm") as file:
-        return int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
-"""
-
-
 # The memory that a script keeps; the sanitizers keep more, and other systems tell it otherwise.
 def kept_megabytes(monkeypatch, prepare, act):
     if not os.path.exists("/proc/self/statm") or "ASAN_OPTIONS" in os.environ:
         pytest.skip("memory is measured on Linux, without sanitizers")
     # So that what is freed leaves the process.
     monkeypatch.setenv("MALLOC_MMAP_THRESHOLD_", "65536")
-    script = f"{MEMORY}{prepare}\nstart = megabytes()\n{act}\nprint(int(megabytes() - start))"
-    return int(script_output(script)[-1])
+    pages = "int(open('/proc/self/statm').read().split()[1])"
+    script = f"{prepare}\nstart = {pages}\n{act}\nprint({pages} - start)"
+    return int(script_output(script)[-1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
 
 
 # Smallest rectangle around everything that is not the background.
 def ink(surface, background=(0, 0, 0)):
-    copy = surface.copy()
-    copy.set_alpha(None)
+    copy = pygame.Surface(surface.get_size(), 0, 32)
+    copy.blit(surface, (0, 0))
     copy.set_colorkey(background)
     return copy.get_bounding_rect()
 

@@ -142,14 +142,6 @@ def assert_widget(widget, screen, camera=CAMERA, place=None, **changes):
     assert_draws(widget, screen, lambda target: draw_widget(target, camera, place, **look), camera)
 
 
-# The smallest rectangle holding everything that is not background.
-def ink_box(surface, background):
-    probe = pygame.Surface(surface.get_size(), 0, 32)
-    probe.blit(surface, (0, 0))
-    probe.set_colorkey(background)
-    return probe.get_bounding_rect()
-
-
 # Every character is a solid block, so that text can be measured exactly.
 class BlockFont:
     def __init__(self):

@@ -1,10 +1,9 @@
-"""Small resource files for tests, and scripts run in a process of their own."""
+"""Small resource files for tests."""
 
 import os
 import wave
 
 import pygame
-from helpers import run_script
 
 
 def native(path):
@@ -31,23 +30,3 @@ def write_wav(path, seconds=20):
 def default_font_file():
     """The TrueType file that pygame ships."""
     return os.path.join(os.path.dirname(pygame.__file__), pygame.font.get_default_font())
-
-
-PRELUDE = """
-import os, sys
-import pygame
-pygame.init()
-screen = pygame.display.set_mode((320, 240))
-import Tessora as T
-"""
-
-
-def run_isolated(body, *args, timeout=90):
-    """Run a script with pygame and the engine started; returns what it printed.
-
-    A crash or a hang ends that process instead of the test run.
-    """
-    arguments = f"sys.argv[1:] = {[str(arg) for arg in args]!r}\n"
-    done = run_script(PRELUDE + arguments + body, timeout=timeout)
-    assert done.returncode == 0, f"exit code {done.returncode}\n{done.stderr[-3000:]}"
-    return done.stdout

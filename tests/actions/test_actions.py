@@ -110,6 +110,10 @@ def test_callbacks():
     for _ in range(3):
         node.update(1)
     assert calls == [(({"a": 1},), False)] and calls[0][0][0] is action.callbackParams
+    for nothing in (None, 0):
+        node.RunAction(T.CallBackAction(1, nothing))
+        node.update(1)
+        assert node.ActionPlayer.over is True
     # A failure, then an action that runs itself again.
     node.RunAction(T.CallBackAction(0, lambda params: calls.append(1) or 1 / (len(calls) - 2)))
     pytest.raises(ZeroDivisionError, node.update, 1)

@@ -179,7 +179,9 @@ def test_a_scale_in_every_look(screen, pointer, align, look):
             pygame.draw.rect(sheet, (250, 240, 200), box)
         text = widget.font.render("50", True, (250, 240, 200)).convert_alpha()
         left, top = 60 - size[0] / 2, tops[align]
-        text = pygame.transform.smoothscale(text, (int(size[0] * sx), int(size[1] * sy)))
+        # With pygame-ce the picture may be a pixel higher than size() says.
+        wide, high = text.get_size()
+        text = pygame.transform.smoothscale(text, (int(wide * sx), int(high * sy)))
         sheet.blit(text, (corner[0] + left * sx, corner[1] + top * sy))
 
     def draw(target, camera):

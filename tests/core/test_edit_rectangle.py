@@ -1,5 +1,7 @@
 """Handles by which a node is moved and resized."""
 
+import fractions
+
 import pytest
 import Tessora as T
 from helpers import make_node
@@ -51,23 +53,9 @@ def test_sizes_stop_at_nothing(index):
 
 
 # Equal to a number without being one of Python's own, as numpy's integers are.
-class Whole:
-    def __init__(self, value):
-        self.value = value
-
+class Whole(fractions.Fraction):
     def __index__(self):
-        return self.value
-
-    def __eq__(self, other):
-        return self.value == other
-
-    def __lt__(self, other):
-        return self.value < other
-
-    def __ge__(self, other):
-        return self.value >= other
-
-    __hash__ = None
+        return self.numerator
 
 
 INDEXES = [(True, 1), (False, 0), (Whole(8), 8), (Whole(4), 4), (type("Int", (int,), {})(6), 6)]
@@ -86,7 +74,14 @@ def test_without_edit_rectangle_there_are_no_handles(screen):
     node = make_node(None, width=60, height=40)
     assert node.checkDragRect(1, 1) == -2
     node.SetEditRectEnable(True)
-    assert node.checkDragRect(x=1, y=1) == 0 and node.checkDragRect(15, 10) < 0
+    assert node.checkDragRect(x=-3, y=2.9) == 0 and node.checkDragRect(15, 10) < 0
+    assert node.checkDragRect(3, 0) < 0 and node.checkDragRect(0, 3) < 0
+
+
+def test_a_node_without_extent_on_the_screen_stays_where_it_is():
+    node = make_node(None, x=5, dragcornerindex=4, editrectenable=True, WSX=0)
+    node.OnEditRectDraging(12, 9)
+    assert (node.x, node.y) == (5, 10)
 
 
 def test_no_handle_is_dragged_after_the_release(capsys):

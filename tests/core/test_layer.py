@@ -28,7 +28,29 @@ def test_numbers_are_never_reused(layer):
     assert layer.GetAllGameNode() == {1: second, 2: third} and layer.GetGameNodeCount() == 2
     assert layer.GetGameNode(instanceID=2) is third and layer.GetGameNode(0) is None
     assert layer.ExistGameNode(instanceID=1) is True and layer.ExistGameNode("none") is False
+
+
+def test_a_consistent_layer_knows_every_node_by_its_number_and_once(layer):
+    (node, _), order = fill(layer, 2), layer.SortGameNodeInstanceIDArray
     assert layer.CheckAllGameNode() is True
+    for spoil, repair in (
+        (lambda: order.append(0), order.pop),
+        (lambda: order.remove(0), lambda: order.append(0)),
+        (lambda: node.SetInstanceID(7), lambda: node.SetInstanceID(0)),
+    ):
+        spoil()
+        assert layer.CheckAllGameNode() is False
+        repair()
+    assert layer.CheckAllGameNode() is True
+
+
+def test_bound_inner_events_of_a_layer(layer, screen):
+    scene, layer.LayerName = layer.sceneInstance, "sky"
+    for event in ("Load", "Update", "Render", "Destroy"):
+        layer.SetInnerBindingEvent(event, event.lower(), None)
+    layer.OnLoad(scene), layer.update(1), layer.draw(screen), layer.OnDestroy()
+    names = ["on_sky_load", "on_sky_update", "on_sky_render", "on_sky_destroy"]
+    assert [name for name, _ in scene.calls] == names
 
 
 def test_a_node_may_add_another_while_it_is_loaded(layer):
@@ -58,8 +80,9 @@ def test_nodes_added_later_are_taken_in_at_the_end_of_a_draw(layer, screen, mode
     layer.draw(screen)
     assert (layer.GetGameNode(0), node.instanceID, drawn) == (node, 0, [])
     assert layer.AddGameNodeDict == {} and node.sceneInstance is layer.sceneInstance
+    layer.scrollPosX, layer.scrollPosY = 5, 7
     layer.draw(screen)
-    assert drawn == [(screen, 0, 0, 1.0)]
+    assert drawn == [(screen, 5, 7, 1.0)]
 
 
 def test_a_node_taken_in_may_queue_another(layer, screen):
@@ -83,6 +106,14 @@ def test_deleting_queues_registered_descendants(layer):
     layer.CleanUpGameNode()
     layer.update(4)
     assert layer.GameNodeDict == {}
+
+
+def test_a_descendant_may_have_the_number_0(layer):
+    parent = make_node()
+    for node in (make_node(parent), parent):
+        layer.AddGameNode(node)
+    layer.DelGameNode(1)
+    assert layer.DelGameNodeArray == [0, 1]
 
 
 def test_the_queue_waits_for_an_update_that_ends(layer, screen):

@@ -22,12 +22,6 @@ def test_a_press_prints_then_calls_then_counts_as_clicked(capsys):
     assert seen == [(node, False, "collidepoint\n")] and node.clicked is True
 
 
-def test_a_press_beside_the_node_only_clears_the_handle(capsys):
-    node = box(PickDownFunction=Recorder())
-    assert node.OnPickDownFunction(50, 5) is None
-    assert (node.dragcornerindex, node.clicked) == (-2, False) and capsys.readouterr().out == ""
-
-
 def test_a_release_prints_two_lines_when_there_is_a_callback(capsys):
     node, seen = box(clicked=True), []
     assert node.OnPickUpFunction(5, 5) is node
@@ -37,14 +31,11 @@ def test_a_release_prints_two_lines_when_there_is_a_callback(capsys):
     assert seen == [(node, False, "collidepoint\nOnPickUpFunction2\n")]
 
 
-def test_a_failing_callback_leaves_the_node_unclicked(capsys):
-    node = box(PickDownFunction=lambda n: 1 / 0)
+def test_callbacks_and_output_may_fail_and_output_may_be_missing(monkeypatch):
+    node, output = box(PickDownFunction=lambda n: 1 / 0), Recorder()
     pytest.raises(ZeroDivisionError, node.OnPickDownFunction, 1, 1)
     assert node.clicked is False
-
-
-def test_output_may_fail_or_be_missing(monkeypatch):
-    node, output = box(), Recorder()
+    node.PickDownFunction = None
     output.write = lambda text: [][0]
     monkeypatch.setattr(sys, "stdout", output)
     pytest.raises(IndexError, node.OnPickDownFunction, 1, 1)
@@ -149,15 +140,15 @@ def test_any_answer_but_none_takes_the_event():
 
 
 @pytest.mark.parametrize("key", ["a", 97, ("ctrl", "x"), None, 1.5])
-def test_keys(key):
+@pytest.mark.parametrize("way", ["Down", "Up"])
+def test_keys(way, key):
     node, log = T.GameNode(None), []
-    T.GameNode(node).SetKeyDownFunction(key, lambda: log.append("child"))
-    node.SetKeyDownFunction(keyname=key, function=lambda: log.append("down"))
-    node.SetKeyUpFunction(keyname=key, function=lambda: log.append("up"))
-    node.OnKeyUpFunction(key=key)
+    for each in (T.GameNode(node), node):
+        set_function = getattr(each, f"SetKey{way}Function")
+        set_function(keyname=key, function=lambda each=each: log.append(each))
     for name in (key, "other"):
-        node.OnKeyDownFunction(key=name)
-    assert log == ["up", "down"]
+        node.OnKeyDownFunction(key=name), node.OnKeyUpFunction(key=name)
+    assert log == [node]
 
 
 EVENT = ("eventName", "functionName", "functionCode")

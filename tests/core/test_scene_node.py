@@ -36,6 +36,7 @@ def test_falsy_parents_are_kept_but_not_asked():
     parent = type("Empty", (T.GameNode,), {"__len__": lambda self: 0})(None, 10)
     parent.OnLoad("scene")
     child = T.GameNode(parent, 1, 2)
+    child.SetParent(parent)
     assert child.parent is parent and parent.children == [] and child.sceneInstance is None
 
 
@@ -129,9 +130,10 @@ def test_removing_a_child_empties_its_subtree_and_keeps_the_list():
     assert b.children == leaf.parent.children == [] and b.parent is parent
 
 
-def test_removing_goes_by_sort_index_not_by_place():
+@pytest.mark.parametrize("index", [1, 1.5])
+def test_removing_goes_by_sort_index_not_by_place(index):
     parent, (a, b, c) = family(3)
-    a.SetSortIndex(1.5)
+    a.SetSortIndex(index)
     parent.RemoveChild(a)
     assert (b.sortIndex, c.sortIndex) == (1, 1)
 

@@ -70,6 +70,15 @@ def test_changes_during_a_walk_over_children(walk, act, forwards, backwards):
     assert log == ["a", "a"]
 
 
+def test_changes_in_a_list_of_a_scripts_own():
+    log, root = [], T.GameNode(None)
+    nodes = [make(name, log, root) for name in "abc"]
+    root.children = type("Own", (list,), {})(nodes)
+    nodes[0].act = lambda node: root.children.remove(nodes[1])
+    root.update(1)
+    assert log == ["a", "c"]
+
+
 def forget(*numbers):
     return lambda layer: [layer.GameNodeDict.pop(number) for number in numbers]
 

@@ -39,6 +39,7 @@ def test_integers_stay_integers_where_the_formula_keeps_them():
     low, high = 1.0, 2
     assert node.Clamp(0, low, high) is low and node.Clamp(3, low, high) is high
     assert type(node.Clamp(1, 1.0, 2)) is int and node.Clamp(value=5, min=9, max=1) == 9
+    assert node.Clamp(2**53 + 1, 0, 2**53) == 2**53
     pytest.raises(TypeError, node.Clamp, "b", 1, 2)
 
 
@@ -50,6 +51,7 @@ EXACT = [
     ({"angle": -0.0}, "GetWAngle", 0.0),
     ({"anchorx": -0.0, "width": 5}, "GetAXW", -0.0),
     ({"anchory": -1, "height": 0.0}, "GetAYH", -0.0),
+    ({"anchorx": 2**30, "width": 2**50}, "GetAXW", 2**80),
     ({"anchorx": 3, "width": 2**53 + 1}, "GetAXW", 3 * (2**53 + 1)),
     ({"anchory": 2**40, "height": 2**40 + 1}, "GetAYH", 2**40 * (2**40 + 1)),
     ({"anchorx": 3, "width": 2**53 + 1, "sx": 5}, "GetWX", 0.0 - 15 * (2**53 + 1)),
@@ -151,7 +153,67 @@ EDGES += [((12, 22, 1, 1), (10, 20, 20, 23)), ((10, 20, 10, 10), (10, 20, 20, 30
 
 @pytest.mark.parametrize("place, edges", EDGES)
 def test_the_bottom_edge_is_a_smallest_one_too(place, edges):
-    values = {"WX": 10, "WY": 20, "width": 5, "height": 5, "WSX": 2, "WSY": 2}
+    values = {"WX": 10, "WY": 20, "width": 5, "height": 4, "WSX": 2, "WSY": 2.5}
     node = make_node(None, **values)
     make_node(make_node(node, **values), **dict(zip(("WX", "WY", "width", "height"), place)))
     assert (node.GetLeft(), node.GetTop(), node.GetRight(), node.GetBottom()) == edges
+
+
+# Scripts are called in the order in which the formulas are written.
+PLACE = ["GetWX", "GetWPX", "GetAXW", "GetWY", "GetWPY", "GetAYH"]
+SCALE = ["GetWSX", "GetWPSX", "GetWSY", "GetWPSY"]
+ANGLE = ["GetWAngle", "GetWPAngle"]
+CENTER = [["GetCenter" + axis, "GetW" + axis, "GetWP" + axis] for axis in "XY"]
+CENTER = [CENTER[0] + ["GetAXW"] * 2, CENTER[1] + ["GetAYH"] * 2]
+QUERIES = {"GetWX": PLACE[1:3], "GetWY": PLACE[4:], "GetWXY": PLACE, "GetWSXY": SCALE}
+QUERIES.update(GetWPXY=["GetWPX", "GetWPY"], GetWPSXY=["GetWPSX", "GetWPSY"], GetSizeRect=PLACE)
+QUERIES.update(GetCenterX=CENTER[0][1:], GetCenterY=CENTER[1][1:], GetCenterXY=sum(CENTER, []))
+QUERIES["draw_begin"] = [*SCALE, *ANGLE, *PLACE]
+
+
+# Notes the methods that are called on it.
+def noting(names, log, parent=None):
+    def method(name):
+        return lambda self, *args: (log.append(name), getattr(T.GameNode, name)(self, *args))[1]
+
+    return type("Noting", (T.GameNode,), {name: method(name) for name in names})(parent)
+
+
+@pytest.mark.parametrize("query", QUERIES)
+def test_world_queries(query):
+    log = []
+    node = noting(set(QUERIES).union(*QUERIES.values()), log)
+    getattr(node, query)()
+    assert log == [query, *QUERIES[query]]
+
+
+PARENT_QUERIES = {
+    "GetWPXY": ["GetWX", "GetWY"],
+    "GetWPSXY": ["GetWSX", "GetWSY"],
+    "draw_begin": ["GetWSX", "GetWSY", "GetWAngle", "GetWX", "GetWY"],
+}
+
+
+@pytest.mark.parametrize("query", PARENT_QUERIES)
+def test_queries_to_the_parent(query):
+    log = []
+    child = make_node(parent=None)
+    child.parent = noting(PARENT_QUERIES["draw_begin"], log)
+    getattr(child, query)()
+    assert log == PARENT_QUERIES[query]
+
+
+@pytest.mark.parametrize("cls, axis", [(T.MoveByAction, "GetW"), (T.ScaleToAction, "GetS")])
+def test_actions_ask_for_x_first(cls, axis):
+    log, action = [], cls(1, 2, 3)
+    action.SetTarget(noting([axis + "X", axis + "Y"], log))
+    action.Run()
+    assert log == [axis + "X", axis + "Y"]
+
+
+def test_viewport_is_tried_left_to_right(screen):
+    log, widget = [], T.GUI_Image()
+    widget.OnLoad(type("Scene", (), {"GetViewPort": lambda self: (0, 0, 100, 100)})())
+    widget.GetWX = lambda: log.append("x") or 0
+    widget.GetWY = lambda: log.append("y") or 0
+    assert widget.CheckInViewPort() is True and log == ["x", "y", "x", "y"]

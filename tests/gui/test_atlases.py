@@ -20,18 +20,17 @@ def braced(*values):
 
 
 # A frame's entry, by layout.
-def modern(rect, rotated=False, source=None, offset=None, **more):
-    entry = {"frame": braced(*rect), "rotated": rotated, **more}
-    entry.update({"sourceSize": braced(*source)} if source else {})
-    entry.update({"offset": braced(*offset)} if offset else {})
-    return entry
+MODERN = ("frame", "rotated", "sourceSize", "offset")
+OLDER = ("textureRect", "textureRotated", "spriteSourceSize", "spriteOffset")
 
 
-def older(rect, rotated=False, source=None, offset=None, **more):
-    entry = {"textureRect": braced(*rect), "textureRotated": rotated, "aliases": [], **more}
-    entry.update({"spriteSourceSize": braced(*source)} if source else {})
-    entry.update({"spriteOffset": braced(*offset)} if offset else {})
-    return entry
+def modern(rect, rotated=False, source=None, offset=None, keys=MODERN, **more):
+    entry = dict(zip(keys, (braced(*rect), rotated)), **more)
+    return dict(entry, **{k: braced(*v) for k, v in zip(keys[2:], (source, offset)) if v})
+
+
+def older(*values, **more):
+    return modern(*values, keys=OLDER, aliases=[], **more)
 
 
 def oldest(rect, rotated=False, source=None, offset=None):
@@ -75,14 +74,6 @@ def test_layouts(load, layout):
     assert widget.image is widget.imageArray[0]
 
 
-@pytest.mark.parametrize("name", ["x", "image", "imageCount", "imageFrameRectArray", "plistFile"])
-def test_scripts_may_have_properties_over_the_attributes(load, monkeypatch, name):
-    place = property(lambda self: self.kept, lambda self, value: setattr(self, "kept", value))
-    monkeypatch.setattr(T, "GUI_Image", type("Script", (T.GUI_Image,), {name: place}))
-    widget = load({"a": modern(RECTS["a.png"])}, {"one.png": SHEET})
-    assert_same(widget.image, SHEET.subsurface(RECTS["a.png"]))
-
-
 NAMED = {"realTextureFileName": "real.png", "textureFileName": "named.png"}
 # The files that exist, the argument, and the sheet that is taken.
 SHEETS = [
@@ -100,46 +91,32 @@ def test_where_the_sheet_is_looked_for(load, files, argument, taken):
     assert_same(widget.image, sheets[taken])
 
 
-TRIM = (4, 6, 12, 8)
+TRIM, ODD = (4, 6, 12, 8), (4, 6, 13, 9)
 # Offset of the centre, y upwards, and where the 12 x 8 pixels lie in 20 x 30.
 OFFSETS = [(None, (4, 11)), ((0, 0), (4, 11)), ((3, 0), (7, 11)), ((0, 5), (4, 6))]
 OFFSETS += [((-4, -11), (0, 22)), ((2.5, 0.5), (6, 10)), ((-3.5, 2), (0, 9))]
-OFFSETS += [((0.5, -1.5), (4, 12))]
-
-
-def trimmed(frame):
-    return frame.get_size(), tuple(frame.get_bounding_rect())
+OFFSETS = [(TRIM, *row) for row in (*OFFSETS, ((0.5, -1.5), (4, 12)))]
+# Odd ones lie half a pixel beside the middle.
+OFFSETS.append((ODD, (-3.5, 0.5), (0, 10)))
 
 
 @pytest.mark.parametrize("layout", LAYOUTS)
-@pytest.mark.parametrize(("offset", "place"), OFFSETS)
-def test_trimmed_frames(load, layout, offset, place):
+@pytest.mark.parametrize(("trim", "offset", "place"), OFFSETS)
+def test_trimmed_frames(load, layout, trim, offset, place):
     sheet = noise((64, 64), 1)
-    sheet.fill((200, 100, 50, 255), TRIM)
-    widget = load({"a": layout(TRIM, False, (20, 30), offset)}, {"one.png": sheet})
-    assert trimmed(widget.image) == ((20, 30), (*place, 12, 8))
+    sheet.fill((200, 100, 50, 255), trim)
+    widget = load({"a": layout(trim, False, (20, 30), offset)}, {"one.png": sheet})
+    assert widget.image.get_size() == (20, 30)
+    assert widget.image.get_bounding_rect() == (*place, *trim[2:])
     assert widget.image.get_at((place[0] + 1, place[1] + 1)) == (200, 100, 50, 255)
 
 
-def test_odd_trims_lie_half_a_pixel_beside_the_middle(load):
-    sheet = noise((64, 64), 1)
-    sheet.fill((200, 100, 50, 255), (4, 6, 13, 9))
-    frames = {"a": modern((4, 6, 13, 9), False, (20, 30), (-3.5, 0.5))}
-    assert trimmed(load(frames, {"one.png": sheet}).image) == ((20, 30), (0, 10, 13, 9))
-
-
-@pytest.mark.parametrize("layout", [modern, older])
-def test_rotated_frames_are_turned_back(load, layout):
-    widget = load({"a": layout((10, 30, 20, 9), True)}, {"one.png": SHEET})
-    assert_same(widget.image, pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 20)), 90))
-
-
-# Some packers give the rectangle as it lies on the sheet; the size of the sprite tells.
 @pytest.mark.parametrize("layout", [modern, older])
 @pytest.mark.parametrize("rect", [(10, 30, 20, 9), (10, 30, 9, 20)], ids=["upright", "as it lies"])
-def test_rotated_rectangles_of_both_kinds(load, layout, rect):
-    frames = {"a": layout(rect, True, (26, 15), spriteSize="{20,9}")}
-    frame = load(frames, {"one.png": SHEET}).image
+@pytest.mark.parametrize("known", [False, True])
+def test_rotated_frames_are_turned_back(load, layout, rect, known):
+    more = {"spriteSize": "{20,9}"} if known or rect[2] == 9 else {}
+    frame = load({"a": layout(rect, True, (26, 15), **more)}, {"one.png": SHEET}).image
     turned = pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 20)), 90)
     assert frame.get_size() == (26, 15)
     assert_same(frame.subsurface((3, 3, 20, 9)), turned)
@@ -148,7 +125,9 @@ def test_rotated_rectangles_of_both_kinds(load, layout, rect):
 def test_square_and_unrotated_rectangles_are_as_they_lie(load):
     frames = {"square": modern((10, 30, 9, 9), True, spriteSize="{9,9}")}
     frames["plain"] = modern((10, 30, 9, 20), False, spriteSize="{20,9}")
-    square, plain = load(frames, {"one.png": SHEET}).imageArray
+    frames["of another size"] = modern((10, 30, 20, 9), True, spriteSize="{5,20}")
+    square, plain, other = load(frames, {"one.png": SHEET}).imageArray
+    assert other.get_size() == (20, 9)
     assert_same(square, pygame.transform.rotate(SHEET.subsurface((10, 30, 9, 9)), 90))
     assert_same(plain, SHEET.subsurface((10, 30, 9, 20)))
 

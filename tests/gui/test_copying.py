@@ -9,29 +9,28 @@ from helpers import Recorder, make_node, outcomes
 from picture_oracle import dress
 from pygame import Color
 
-# Every attribute that is copied, with a value that is no default.
-NODE = {"x": 3, "y": 4, "sx": 2, "sy": 3, "angle": 15, "anchorx": 0.5, "anchory": 1, "width": 33}
-NODE.update(height=44, visible=False, collisionType=1, collisionInfo=(1, 2), rectvisible=True)
-NODE.update(anchorvisible=True, editrectenable=True, editrectvisible=True, CheckPickDownChild=False)
-NODE.update(userData="mine", Enable_PickDown=False, Enable_PickUp=False, UpdateFunction=min)
-NODE.update(PickDownFunction=max, PickUpFunction=len)
+# What ties a node to its place, and what belongs to the font.
+KEPT = "NodeType sceneInstance parent children sortIndex instanceID ActionPlayer lock_xysa WSX WSY"
+KEPT += " WAngle WX WY clicked dragcornerindex dragbegin_x dragbegin_y focusIn fontsize fontbold"
+KEPT += " fontitalic fontunderline strikethrough"
 TABLES = {"KeyDownFunctionDict": {"a": len}, "KeyUpFunctionDict": {"b": len}}
 TABLES.update(BindingVarArray={"life": 3}, BindingPointArray={"hand": (1, 2, 3)})
 TABLES.update(BindingEventArray={"hit": ["f", "code"]})
 TABLES.update(InnerBindingEventArray={"Load": [None, [], []]})
-IMAGE = {"bgColor": Color(1, 2, 3, 4), "alpha": 90, "image": 3, "imageArray": [1, 2]}
-IMAGE.update(imageFrameRectArray={"a": (1, 2, 3, 4)}, imagefiles=["a.png"], imageCount=7)
-IMAGE.update(imageIndex=2, imageDelay=0.5, imageSwitchDelay=0.7, imageAutoSwitch=1)
-IMAGE.update(plistFile="a.plist", currActionName="walk", originalImage="other", autosize=2)
-IMAGE.update(blendtype=pygame.BLEND_ADD, borderwidth=5, borderVisible=2, borderColor=Color(9, 8, 7))
-IMAGE.update(borderColor_LT=Color(1, 1, 1), imageAnchor="s", borderColor_RB=Color(2, 2, 2))
-IMAGE.update(coll_visible=True, coll_rectArray={"a": [1]}, style="sunken", enable=False)
-LABEL = {"text": "copied", "showChar": "*", "font": 9, "fontname": "mine", "textVisible": 2}
-LABEL.update(HAlign="left", VAlign="top", textColor=Color(5, 6, 7, 8), textleftgap=7, texttopgap=8)
-BUTTON = {"textColor_hover": Color(1, 2, 3), "textColor_click": Color(1, 3, 3)}
-BUTTON.update(bgColor_hover=Color(1, 4, 3), bgColor_click=Color(4, 5, 6), image_hover=4)
-BUTTON.update(image_hover_File="x", image_click=4, image_click_File="y")
-ALL = {**NODE, **TABLES, **IMAGE, **LABEL, **BUTTON}
+# Everything else is copied; numbers, flags and texts get a value of their own.
+ALL = {**TABLES, "image": 3, "imageArray": [1, 2], "imageFrameRectArray": {"a": (1, 2, 3, 4)}}
+ALL.update(imagefiles=["a.png"], blendtype=pygame.BLEND_ADD, imageAnchor="s", font=9)
+ALL.update(coll_rectArray={"a": [1]}, image_hover=4, image_click=4)
+pygame.font.init()
+for place, (name, value) in enumerate(vars(T.GUI_Button()).items()):
+    if name not in KEPT.split():
+        changed = Color(place, place + 1, 3) if isinstance(value, Color) else f"own {place}"
+        ALL.setdefault(name, place if isinstance(value, (int, float)) else changed)
+ALL.update({name: Color(5, 6, 7, 8) for name in ("bgColor", "textColor")})
+LABEL, BUTTON = [
+    {name: ALL[name] for name in vars(cls()) if name in ALL and name not in vars(base())}
+    for cls, base in ((T.GUI_Label, T.GUI_Image), (T.GUI_Button, T.GUI_Label))
+]
 
 
 @pytest.fixture
@@ -70,7 +69,7 @@ def test_the_node_type_says_what_is_taken_over(button, kind):
     button.CopyTo(other)
     for part in (LABEL, BUTTON):
         wanted = part if part in KINDS[kind] else {name: getattr(fresh, name) for name in part}
-        compared = set(part) - {"font", *IMAGE}
+        compared = set(part) - {"font"}
         assert {n: getattr(other, n) for n in compared} == {n: wanted[n] for n in compared}
     assert other.NodeType == kind
 
@@ -102,6 +101,20 @@ def test_entries_of_the_event_tables_are_not_shared(table):
     assert getattr(source, table)["Load"] == ["f", "code"]
 
 
+ORDER = "BorderVisible BorderWidth BorderColor BlendType Text ShowChar Font TextVisible TextHAlign"
+ORDER += " TextVAlign TextColor TextLeftGap TextTopGap TextColor_Hover TextColor_Click"
+ORDER += " BGColor_Hover BGColor_Click Image_Hover Image_Click"
+
+
+def test_foreign_widgets_are_asked_in_order(button):
+    other = Recorder(GetNodeType="Button")
+    button.image_hover_File = button.image_click_File = "a"
+    button.CopyTo(other)
+    assert ("SetXY", (button.x, button.y)) in other.calls
+    called = [name[3:] for name in other.names() if name.startswith("Set")]
+    assert called[-19:] == ORDER.split()
+
+
 def test_setters_of_the_other_node_are_called():
     seen = []
     cls = type("Target", (T.GameNode,), {"SetXY": lambda self, *place: seen.append(place)})
@@ -129,9 +142,3 @@ assert other.angle == 30 or {name!r} == "angle"
 """
     found = outcomes({name: script.format(name=name) for name in DELETABLE})
     assert {name: how for name, how in found.items() if how != "fine"} == {}
-
-
-def test_foreign_nodes_take_what_they_have_setters_for():
-    other = Recorder()
-    make_node(None, x=3, y=4).CopyTo(other)
-    assert ("SetXY", (3, 4)) in other.calls

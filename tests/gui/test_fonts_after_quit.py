@@ -11,9 +11,8 @@ def restart():
 def label():
     return T.GUI_Label(None, 0, 0, "text")
 def given():
-    widget = T.GUI_Label()
+    widget = label()
     widget.SetFont(pygame.font.Font(None, 20), "given")
-    widget.SetText("text")
     return widget
 def layer():
     made = T.GameLayer()

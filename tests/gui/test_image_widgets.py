@@ -5,6 +5,7 @@ from types import SimpleNamespace
 import pygame
 import pytest
 import Tessora as T
+from helpers import ink
 from picture_oracle import (
     LOOK,
     Place,
@@ -12,7 +13,6 @@ from picture_oracle import (
     assert_same,
     assert_widget,
     dress,
-    ink_box,
     outcome,
 )
 
@@ -34,7 +34,8 @@ def test_files_and_surfaces(screen, monkeypatch, files, names):
     assert asked == ([] if files is None or files is IMAGES["c"] else list(names))
     widget.AutoImageSize(autosize=True)
     widget.SetImage(imagefiles=["b"], switchdelay=4)
-    assert (widget.imageSwitchDelay, widget.width, widget.imagefiles) == (4, 11, ["b"])
+    assert (widget.imageSwitchDelay, widget.imagefiles) == (4, ["b"])
+    assert (widget.width, widget.height) == (11, 20)
     res.LoadImage = lambda name: 1 / 0
     assert outcome(widget.SetImage, "a.png") is ZeroDivisionError
     monkeypatch.undo()
@@ -171,10 +172,10 @@ def test_a_background_and_its_border_cover_the_same_pixels(screen, style):
     for x in (-0.9, -0.1, 12.9, 12.1):
         widget = plain(screen, style, x=x, y=x, bgColor=pygame.Color(1, 2, 3), sx=1.004, sy=1.07)
         widget.draw(screen, 0, 0, 1.0)
-        both, widget = ink_box(screen, GROUND), dress(widget, style="flat")
+        both, widget = ink(screen, GROUND), dress(widget, style="flat")
         screen.fill(GROUND)
         widget.draw(screen, 0, 0, 1.0)
-        assert ink_box(screen, GROUND) == both
+        assert ink(screen, GROUND) == both
 
 
 @pytest.mark.parametrize("style", STYLES)
@@ -218,6 +219,12 @@ def test_focus_border_and_collision_outlines(screen, monkeypatch, flag):
     assert (len(widget.GetCollRect("body")), widget.GetCollRect("empty")) == (2, [])
     dress(widget, coll_visible=True, coll_rectArray={"": [(1, 2, 3, "x")]})
     assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
+    widget = plain(screen, coll_visible=flag, sy=2.0)
+    widget.AddCollRect("body", (10, 5, 40, 20))
+    assert shown(widget, screen, [(70, 40), (70, 79)]) == [color if shows else GROUND] * 2
+    plain(screen, width=60, angle=90, focusIn=flag).draw(screen, 0, 0, 1.0)
+    for side in ((60, 28, 10, 6), (60, 86, 10, 6), (38, 50, 6, 10), (96, 50, 6, 10)):
+        assert (ink(screen.subsurface(side), GROUND).size != (0, 0)) is shows
     # Turned, the square is as wide as its diagonal.
     plain(screen, width=80, height=80, angle=45, focusIn=flag).draw(screen, 0, 0, 1.0)
-    assert abs(ink_box(screen, GROUND).width - 113 * shows) <= 4
+    assert abs(ink(screen, GROUND).width - 113 * shows) <= 4

@@ -87,9 +87,16 @@ def test_frames_that_are_neither_files_nor_surfaces_are_named(screen, frames):
             widget.SwitchImage(1)
 
 
+def shown_with(picture):
+    widget = T.GUI_Image()
+    widget.SetImage(picture)
+    widget.draw(pygame.display.get_surface(), 0, 0, 1.0)
+    return widget.image
+
+
 # What takes the name of a file takes a path.
 PATHS = {
-    "SetImage": lambda path: T.GUI_Image().SetImage(path("hero.png")),
+    "SetImage": lambda path: shown_with(path("hero.png")),
     "SetImage, frames": lambda path: T.GUI_Image().SetImage([path("hero.png"), path("hero.png")]),
     "SetImage, atlas": lambda path: T.GUI_Image().SetImage(path("hero.plist")),
     "SetImage_Hover": lambda path: T.GUI_Button().SetImage_Hover(path("hero.png")),
@@ -101,6 +108,7 @@ PATHS = {
     "GetResPath": lambda path: T.Res.GetResPath(path("hero.png")),
     "LoadImage": lambda path: T.Res.LoadImage(path("hero.png")),
     "GetImageListFiles": lambda path: T.Res.GetImageListFiles(path("hero.png")),
+    "ManageImageMemory": lambda path: T.Res.ManageImageMemory(path("hero.png")),
     "GetFont": lambda path: T.Res.GetFont(path("hero.ttf"), 20),
     "PlaySound": lambda path: T.Res.PlaySound(path("hero.wav")),
     "PlayMusic": lambda path: T.Res.PlayMusic(path("hero.wav")),
@@ -120,26 +128,23 @@ def test_paths_do_for_file_names(res, capsys, name):
     results = []
     for path in (str, pathlib.PurePosixPath):
         result = PATHS[name](path)
-        results.append((type(result), result == -1, capsys.readouterr().out))
+        names = list(T.Res.ImageDict), T.Res.ImageDict_MemManage_List
+        results.append((type(result), result == -1, capsys.readouterr().out, names))
         T.Res.ReleaseAllImageMemeory()
     assert results[0] == results[1]
 
 
 def test_a_path_names_a_folder_and_a_new_file(res):
-    write_png(res / "deep" / "hero.png")
-    manager = T.PyGameResManager(pathlib.Path(str(res)))
-    assert manager.LoadImage("hero.png").get_size() == (8, 8)
+    for name in ("hero.png", "Scene/L.json", "Scene/L_Res.Json"):
+        write_file(res / name)
+    by_text, manager = T.PyGameResManager(str(res)), T.PyGameResManager(res)
+    assert (manager.resdir, manager.fileDict) == (by_text.resdir, by_text.fileDict)
+    assert manager.GetSceneList() == ["L"] and len(manager.fileDict) == 3
+    manager.fileDict.clear()
     manager.AddNewResFile(res / "deep" / "other.png")
-    assert manager.GetResPath("other.png")
-
-
-def test_a_picture_given_by_path_is_drawn(res, screen):
-    write_png(res / "hero.png", pygame.Surface((4, 4)))
-    T.Res.FoundAllResFile(str(res))
-    widget = T.GUI_Image()
-    widget.SetImage(pathlib.PurePosixPath("hero.png"))
-    assert widget.image.get_size() == (4, 4)
-    widget.draw(screen, 0, 0, 1.0)
+    manager.FoundAllResFile(res / "Scene")
+    assert list(manager.fileDict) == ["other.png", "l.json", "l_res.json"]
+    assert manager.GetResPath("other.png") == str(res / "deep" / "other.png")
 
 
 @pytest.mark.parametrize("text", ["\u200b", "\u200b\u200b", "", "\ufeff"])

@@ -74,4 +74,4 @@ def test_another_font_shows(screen, angle):
     before = drawn(widget, screen, 3)
     small.set_underline(True)
     after = drawn(widget, screen, 1)
-    assert pygame.image.tostring(after, "RGB") != pygame.image.tostring(before, "RGB")
+    assert pygame.image.tobytes(after, "RGB") != pygame.image.tobytes(before, "RGB")

@@ -5,7 +5,8 @@ import random
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOK, BlockFont, Place, dress, ground, ink_box
+from helpers import ink
+from picture_oracle import LOOK, BlockFont, Place, dress, ground
 
 pytestmark = pytest.mark.usefixtures("screen")
 
@@ -240,7 +241,7 @@ def test_only_whole_lines_of_the_window_are_drawn(screen, align, camera):
     widget.draw(screen, *camera)
     assert [text for text, color in rendered] == ["abcd", "abcde"]
     place = Place(dict(LOOK, x=40, y=30), camera)
-    box_drawn = ink_box(screen, (255, 255, 255))
+    box_drawn = ink(screen, (255, 255, 255))
     left = {"left": 2, "center": 17, "right": 34}[align] * place.WSX
     top = (2 + 12) * place.WSY
     assert box_drawn.left == int(place.WX + left) and box_drawn.top == int(place.WY + top)

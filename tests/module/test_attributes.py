@@ -1,5 +1,6 @@
 """Attributes of all classes: order, defaults and accessors."""
 
+import re
 from unittest.mock import ANY
 
 import pygame
@@ -163,123 +164,68 @@ def test_widgets_know_their_place_at_once_and_take_the_modules_colour(monkeypatc
             assert widget.bgColor is T.GUI_WINDOW_BGCOLOR
 
 
-# Methods, and the attributes that they read or write.
-NODE_GETTERS = {"GetX": "x", "GetY": "y", "GetXY": ("x", "y"), "GetSX": "sx", "GetSY": "sy"}
-NODE_GETTERS.update(GetSXY=("sx", "sy"), GetAX="anchorx", GetAY="anchory")
-NODE_GETTERS.update(GetAXY=("anchorx", "anchory"), GetAngle="angle", GetWidth="width")
-NODE_GETTERS.update(GetHeight="height", IsVisible="visible", IsFocusIn="focusIn")
-NODE_GETTERS.update(IsAnchorVisible="anchorvisible", IsSizeRectVisible="rectvisible")
-NODE_GETTERS.update(GetCollision=("collisionType", "collisionInfo"))
-NODE_GETTERS.update(GetCheckPickDownChild="CheckPickDownChild", GetUserData="userData")
-NODE_GETTERS.update(GetSortIndex="sortIndex", GetInstanceID="instanceID", GetParent="parent")
-NODE_GETTERS.update(GetSceneInstance="sceneInstance", GetNodeType="NodeType")
-NODE_GETTERS.update(GetBindingEventArray="BindingEventArray")
-NODE_GETTERS.update(GetInnerBindingEventArray="InnerBindingEventArray")
-NODE_GETTERS.update(GetBindingPointArray="BindingPointArray", GetBindingVarArray="BindingVarArray")
-NODE_SETTERS = {"SetX": "x", "SetY": "y", "SetXY": ("x", "y"), "SetSX": "sx", "SetSY": "sy"}
-NODE_SETTERS.update(SetSXY=("sx", "sy"), SetAX="anchorx", SetAY="anchory")
-NODE_SETTERS.update(SetAXY=("anchorx", "anchory"), SetAngle="angle", SetWidth="width")
-NODE_SETTERS.update(SetHeight="height", SetVisible="visible", SetFocusIn="focusIn")
-NODE_SETTERS.update(SetAnchorVisible="anchorvisible", SetSizeRectVisible="rectvisible")
-NODE_SETTERS.update(SetCollision=("collisionType", "collisionInfo"))
-NODE_SETTERS.update(SetCheckPickDownChild="CheckPickDownChild", SetUserData="userData")
-NODE_SETTERS.update(SetSortIndex="sortIndex", SetInstanceID="instanceID")
-NODE_SETTERS.update(SetUpdateFunction="UpdateFunction", SetPickDownFunction="PickDownFunction")
-NODE_SETTERS.update(SetPickUpFunction="PickUpFunction", EnablePickDownEvent="Enable_PickDown")
-NODE_SETTERS.update(EnablePickUpEvent="Enable_PickUp", SetEditRectEnable="editrectenable")
-NODE_SETTERS.update(SetEditRectVisible="editrectvisible")
-LAYER_GETTERS = {"GetLayerName": "LayerName", "IsVisible": "visible"}
-LAYER_GETTERS.update(GetAutoScroll=("scrollType", "scrollSpeed"), GetSceneInstance="sceneInstance")
-LAYER_GETTERS.update(GetNodeType="NodeType", GetAllGameNode="GameNodeDict")
-LAYER_GETTERS.update(GetPointArray="PointArray", GetLineArray="LineArray", GetRectArray="RectArray")
-LAYER_SETTERS = {"SetLayerName": "LayerName", "SetVisible": "visible"}
-LAYER_SETTERS.update(SetAutoScroll=("scrollType", "scrollSpeed"))
-ACTION_GETTERS = {"IsRunning": "running", "GetRunTime": "runtime", "IsOver": "over"}
-ACTION_SETTERS = {"SetTarget": "targetNode"}
-BUTTON_GETTERS = {"GetSwitchImageDelay": "imageSwitchDelay", "GetBorderWidth": "borderwidth"}
-BUTTON_GETTERS.update(IsBorderVisible="borderVisible", GetTextLeftGap="textleftgap")
-BUTTON_GETTERS.update(GetTextTopGap="texttopgap", GetText="text", IsTextVisible="textVisible")
-BUTTON_GETTERS.update(GetBGColor="bgColor", GetTextHAlign="HAlign", GetTextVAlign="VAlign")
-BUTTON_GETTERS.update(GetShowChar="showChar", IsEnable="enable")
-BUTTON_GETTERS.update(GetImageFile_Hover="image_hover_File", GetImage_Hover="image_hover")
-BUTTON_GETTERS.update(GetImageFile_Click="image_click_File", GetImage_Click="image_click")
-BUTTON_GETTERS.update(GetTextColor_Hover="textColor_hover", GetTextColor="textColor")
-BUTTON_GETTERS.update(GetTextColor_Click="textColor_click", GetBorderColor="borderColor")
-BUTTON_GETTERS.update(GetBGColor_Hover="bgColor_hover", GetBGColor_Click="bgColor_click")
-BUTTON_GETTERS.update(GetImageAnchor="imageAnchor", GetFontStrikeThrough="strikethrough")
-BUTTON_GETTERS.update(GetCurrActionName="currActionName", GetCollRectArray="coll_rectArray")
-BUTTON_GETTERS.update(GetOriginalImage="originalImage", GetImageCount="imageCount")
-BUTTON_GETTERS.update(GetImageFiles="imagefiles", IsAutoImageSize="autosize")
-BUTTON_GETTERS.update(GetPlistFile="plistFile", GetBlendType="blendtype", GetFontSize="fontsize")
-BUTTON_GETTERS.update(GetFontName="fontname", GetFontBold="fontbold", GetFontItalic="fontitalic")
-BUTTON_GETTERS.update(GetFontUnderline="fontunderline", GetFont="font", GetImage="image")
-BUTTON_GETTERS.update(GetStyle="style", IsClicked="clicked")
-BUTTON_SETTERS = {"SetSwitchImageDelay": "imageSwitchDelay", "SetBorderWidth": "borderwidth"}
-BUTTON_SETTERS.update(SetBorderVisible="borderVisible", SetTextLeftGap="textleftgap")
-BUTTON_SETTERS.update(SetTextTopGap="texttopgap", SetText="text", SetTextVisible="textVisible")
-BUTTON_SETTERS.update(SetTextHAlign="HAlign", SetTextVAlign="VAlign", SetShowChar="showChar")
-BUTTON_SETTERS.update(SetEnable="enable", SetAutoSwitch="imageAutoSwitch")
-BUTTON_SETTERS.update(SetCollInfoVisible="coll_visible")
-CHARACTER_GETTERS = {"GetCurrFrameIndex": "currActionFrameIndex", "IsPlayer": "isPlayer"}
-CHARACTER_GETTERS.update(GetPickedPartObj="PickedPartObj", GetDropSpeed="dropSpeed")
-CHARACTER_GETTERS.update(IsJumpState="isJumping", IsDead="isDead")
-CHARACTER_GETTERS.update(GetCharacterBindingVarArray="CharacterBindingVarArray")
-CHARACTER_SETTERS = {
-    "SetCurrFrame": "currActionFrameIndex",
-    "SetRectListVisible": "rectListVisible",
-}
-GETTERS = {"GameNode": NODE_GETTERS, "GameLayer": LAYER_GETTERS, "GAction": ACTION_GETTERS}
-SETTERS = {"GameNode": NODE_SETTERS, "GameLayer": LAYER_SETTERS, "GAction": ACTION_SETTERS}
-GETTERS["GUI_Button"], SETTERS["GUI_Button"] = BUTTON_GETTERS, BUTTON_SETTERS
-GETTERS["GameCharacter"], SETTERS["GameCharacter"] = CHARACTER_GETTERS, CHARACTER_SETTERS
-GETTERS["GUI_CheckButton"] = {"IsChecked": "CheckValue", "IsCheckBoxVisible": "checkboxVisible"}
-SETTERS["GUI_CheckButton"] = {"SetChecked": "CheckValue", "SetCheckBoxVisible": "checkboxVisible"}
-GETTERS["GUI_RadioButton"] = {"GetRadioValue": "RadioValue"}
-GETTERS["GUI_RadioButton"]["IsRadioBoxVisible"] = "radioboxVisible"
-SETTERS["GUI_RadioButton"] = {"SetRadioValue": "RadioValue"}
-SETTERS["GUI_RadioButton"]["SetRadioBoxVisible"] = "radioboxVisible"
-for state in STATES:
-    for part, attribute in (("TextColor", "textColor"), ("BGColor", "bgColor"), ("Image", "image")):
-        GETTERS["GUI_CheckButton"][f"Get{part}{state.title()}_Checked"] = (
-            attribute + state + "_checked"
-        )
-    GETTERS["GUI_RadioButton"]["GetImage_RadioBox" + state.title()] = "image_radiobox" + state
-    for end in ("", "_checked"):
-        method = "GetImage_CheckBox" + state.title() + end.title()
-        GETTERS["GUI_CheckButton"][method] = "image_checkbox" + state + end
-GETTERS["GUI_Edit"] = {"GetCursorColor": "cursorColor", "GetBGColor_Focus": "bgColor_focusIn"}
-GETTERS["GUI_Edit"].update(GetImage_focusIn="image_focusIn")
-GETTERS["GUI_Edit"].update(GetImageFile_focusIn="image_focusIn_File")
-SETTERS["GUI_Edit"] = {"SetMaxCharCount": "max_char_count", "SetCursorPosition": "cursorPos"}
-SETTERS["GUI_Edit"].update(SetReturnCallBackFunc="ReturnCallBackFunc")
-GETTERS["GUI_Text"] = {"GetLineGap": "linegap", "GetLineHeight": "lineHeight"}
+# Accessors say in their docstrings which attributes they read or write.
+SAYS = re.compile(r"(?:Return|Set) `(\w+)`(?: and `(\w+)`)?[:.]")
+ROWS = [row for row in T.__declarations__() if row.get("name") in CLASSES]
+ACCESSORS = [
+    pytest.param(row["name"], method, [name for name in said.groups() if name], id=method["name"])
+    for row in ROWS
+    for method in row["members"]
+    for said in [SAYS.match(method["doc"])]
+    if said and method["kind"] == "method" and method["signature"] != "() -> None"
+]
+GETTERS = [row for row in ACCESSORS if row.values[1]["signature"].startswith("()")]
+COLORS = [row for row in ACCESSORS if row.values[1]["signature"].startswith("(r: int")]
+SETTERS = [row for row in ACCESSORS if row not in GETTERS + COLORS]
+# Methods that are named otherwise than their attributes.
+NAMES = {"AX": "anchorx", "AY": "anchory", "SizeRectVisible": "rectvisible", "XY": "x y"}
+NAMES.update(SXY="sx sy", AXY="anchorx anchory", Collision="collisionType collisionInfo")
+NAMES.update(AutoScroll="scrollType scrollSpeed", AllGameNode="GameNodeDict", Target="targetNode")
+NAMES.update(PickDownEvent="Enable_PickDown", PickUpEvent="Enable_PickUp", AutoImageSize="autosize")
+NAMES.update(SwitchImageDelay="imageSwitchDelay", SceneList="SceneJsonDict")
+NAMES.update(AutoSwitch="imageAutoSwitch", CollInfoVisible="coll_visible")
+NAMES.update(Checked="CheckValue", MaxCharCount="max_char_count", CursorPosition="cursorPos")
+NAMES.update(CurrFrameIndex="currActionFrameIndex", CurrFrame="currActionFrameIndex")
+NAMES.update(JumpState="isJumping", ImageFile_focusIn="image_focusIn_File")
+NAMES.update(CollRectArray="coll_rectArray")
+NAMES.update(ImageFile_Hover="image_hover_File", ImageFile_Click="image_click_File")
 
 
-def rows(tables):
-    return [(cls, method, table[method]) for cls, table in tables.items() for method in table]
+@pytest.mark.parametrize(("cls", "method", "names"), ACCESSORS)
+def test_accessors_are_named_after_their_attributes(cls, method, names):
+    key = re.sub("^(Get|Set|Is|Enable|Text|Font)+", "", method["name"])
+    assert names == NAMES[key].split() if key in NAMES else key.lower() in names[0].lower()
 
 
-def names_of(attributes):
-    return [attributes] if isinstance(attributes, str) else list(attributes)
-
-
-@pytest.mark.parametrize(("cls", "method", "attributes"), rows(SETTERS))
-def test_setters_take_any_value_and_touch_nothing_else(screen, cls, method, attributes):
-    thing, names = getattr(T, cls)(**CLASSES[cls][0]), names_of(attributes)
-    before, values = dict(vars(thing)), [object() for _ in names]
-    assert getattr(thing, method)(*values) is None
+@pytest.mark.parametrize(("cls", "method", "names"), SETTERS)
+def test_setters_take_any_value_and_touch_nothing_else(screen, cls, method, names):
+    thing, values = getattr(T, cls)(**CLASSES[cls][0]), [object() for _ in names]
+    before, store = dict(vars(thing)), getattr(thing, method["name"])
+    assert store(*values) is None
     changed = {name: value for name, value in vars(thing).items() if value is not before[name]}
     assert changed == dict(zip(names, values))
-    pytest.raises(TypeError, getattr(thing, method), *values, 1)
+    pytest.raises(TypeError, store, *values, 1)
 
 
-@pytest.mark.parametrize(("cls", "method", "attributes"), rows(GETTERS))
-def test_getters_return_what_is_stored(screen, cls, method, attributes):
-    thing, names = getattr(T, cls)(**CLASSES[cls][0]), names_of(attributes)
-    values = [object() for _ in names]
+@pytest.mark.parametrize(("cls", "method", "names"), GETTERS)
+def test_getters_return_what_is_stored(screen, cls, method, names):
+    thing, values = getattr(T, cls)(**CLASSES[cls][0]), tuple(object() for _ in names)
     vars(thing).update(zip(names, values))
-    get = getattr(thing, method)
-    assert get() == (values[0] if isinstance(attributes, str) else tuple(values))
+    get = getattr(thing, method["name"])
+    assert get() == (values if len(names) > 1 else values[0])
     pytest.raises(TypeError, get, 1)
     delattr(thing, names[-1])
     pytest.raises(AttributeError, get)
+
+
+@pytest.mark.parametrize(("cls", "method", "names"), COLORS)
+def test_colors_are_opaque_unless_said_otherwise(screen, cls, method, names):
+    thing = getattr(T, cls)(**CLASSES[cls][0])
+    store, alpha = getattr(thing, method["name"]), "a: int" in method["signature"]
+    store(1, 2, 3)
+    assert getattr(thing, names[0]) == Color(1, 2, 3, 255)
+    for bad in ((256, 0, 0), ("a", 0, 0), (1, 2), (1, 2, 3, 4, 5), (1, 2, 3, "a")):
+        pytest.raises((TypeError, ValueError), store, *bad)
+    if alpha:
+        store(1, 2, 3, a=7)
+    assert getattr(thing, names[0]).a == (7 if alpha else 255)

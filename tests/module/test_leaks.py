@@ -65,8 +65,7 @@ REFUSED += [lambda w: w.node.Clamp("a", 1, 2), lambda w: w.node.GetBindingVar("n
 REFUSED += [lambda w: w.node.OnKeyDownFunction([]), lambda w: w.root.OnPickDownFunction("a", 1)]
 REFUSED += [lambda w: T.GameNode(None, "x").GetWX(), lambda w: T.GameNode.GetX(5)]
 REFUSED += [lambda w: T.MoveToAction(1, "a", 2), lambda w: T.ActionPlayer().Run()]
-REFUSED += [lambda w: T.checkPtInRect(1), lambda w: T.checkPtInRect("a", 0, 0, 0, 0, 0)]
-REFUSED += [lambda w: T.read_rect({}), lambda w: T.tree_to_dict(BROKEN_PLIST)]
+REFUSED += [lambda w: T.checkPtInRect("a", 0, 0, 0, 0, 0), lambda w: T.tree_to_dict(BROKEN_PLIST)]
 REFUSED += [lambda w: make_node(UpdateFunction=lambda delay: [].pop()).update(1)]
 REFUSED += [lambda w: make_node(children=[5]).OnPickDownFunction(1, 1)]
 
@@ -83,16 +82,6 @@ def picture(w):
     widget.draw(w.screen, 0, 0, 1.0)
 
 
-def children(w):
-    node = make_node(w.root)
-    w.root.LayerDownChild(node), w.root.RemoveChild(node)
-
-
-def later(w):
-    number = w.layer.AddGameNode(make_node(), False)
-    w.layer.draw(w.screen), w.layer.DelGameNode(number), w.layer.update(0)
-
-
 def foreign(w):
     node = SCRIPT(Recorder(5))
     node.children.append(Recorder())
@@ -105,47 +94,33 @@ def cycle(w):
     make_node(node).GetWXY()
 
 
-RECT, EVENT = T.Rect(0, 0, 5, 5), ("e", {"a": 70000})
+EVENT = ("e", {"a": 70000})
 OPERATIONS = {
     "picture": picture,
-    "children": children,
-    "later": later,
     "foreign": foreign,
-    "node": lambda w: make_node(T.GameNode(None, 70000, 2.5)).parent.OnDestroy(),
     "no constructor": lambda w: T.GameNode.__init__(T.GameNode.__new__(T.GameNode), None, 70000),
     "constructor again": lambda w: T.GameNode.__init__(make_node(), None, 70000),
-    "image": lambda w: T.GUI_Image(None, 70000, 2.5),
     "button": lambda w: T.GUI_Button(None, 1, 2, "text"),
     "script class": lambda w: type("Hero", (T.GameNode,), {"x": 1})(None),
     "copies": lambda w: (copy.copy(w.node), copy.deepcopy(T.GAction())),
-    "copying": lambda w: w.middle.CopyTo(T.GameNode(None)),
-    "world values": lambda w: (w.node.GetWXY(), w.node.GetSizeRect(), w.node.GetCenterXY()),
-    "edges": lambda w: w.root.GetLeft(),
+    "copying": lambda w: w.middle.CopyTo(T.GameNode(None, 70000, 2.5)),
     "draw": lambda w: (w.root.draw(w.screen, 5, 6, 1.5), w.root.OnLoad(w.scene)),
     "update": lambda w: w.root.update(0.5),
     "property list": lambda w: T.tree_to_dict(PLIST),
-    "rectangles": lambda w: T.checkRectCollision(RECT, RECT.copy(), 1, 1),
-    "overlays": lambda w: make_node(rectvisible=1, anchorvisible=1, width=9, x=5.5).draw(w.screen),
     "actions": lambda w: play(w.node),
     "attributes": lambda w: attributes(w.middle),
     "accessors": lambda w: accessors(SCRIPT(None)),
-    "keys": lambda w: (w.root.SetKeyDownFunction("a", int), w.root.OnKeyDownFunction("a")),
-    "points": lambda w: w.root.SetBindingPoint("p", 0, 70000, 2),
+    "bindings": lambda w: (w.root.SetKeyDownFunction("a", int), w.root.OnKeyDownFunction("a")),
     "events": lambda w: (w.root.SetBindingEvent("e", "go", "c"), w.root.CallEvent(*EVENT)),
-    "inner": lambda w: w.layer.SetInnerBindingEvent("Load", "go", []),
-    "inner call": lambda w: w.layer.CallInnerEvent("Load"),
-    "collision": lambda w: (w.root.CleanUpBindingEvent(), w.root.checkCollision(w.node, 1, 1)),
     "press": lambda w: (w.root.OnPickDownFunction(1, 1), w.root.OnEditRectDraging(2, 3)),
-    "release": lambda w: (w.root.OnPickUpFunction(9, 9), w.root.GetAllChildrens()),
     "layer": lambda w: (w.layer.DelGameNode(w.layer.AddGameNode(make_node())), w.layer.update(0)),
-    "scroll": lambda w: (w.layer.SetAutoScroll(1, 70000.5), w.layer.update(0.5)),
     "cycle": cycle,
     "refused": lambda w: refuse(w, *REFUSED),
     "recursion": lambda w: refuse(w, lambda w: w.loop.update(1)),
 }
 # Costly ones are repeated less often.
 SLOW = {"recursion": 20, "accessors": 5, "script class": 10, "button": 5, "refused": 20}
-SLOW.update(later=2, draw=2, actions=2, copies=2)
+SLOW.update(draw=2, actions=2, copies=2, events=2)
 COUNTED = [None, True, False, "", (), 0, 1, -1, PICTURE, *engine_classes(T)]
 
 

@@ -6,8 +6,8 @@ import picture_oracle as oracle
 import pygame
 import pytest
 import Tessora as T
+from helpers import Scene, outcomes
 from picture_oracle import LOOK, Place, assert_same, assert_widget, draw_widget, dress, noise
-from resource_files import run_isolated
 
 TAIL = "drawStyle drawFocusBorder drawDragRect drawAnchor drawCollInfo draw_children".split()
 STEPS = ["draw_begin", "drawBGColor", "drawimage", "drawText", *TAIL]
@@ -109,6 +109,11 @@ def test_the_scene_counts_drawn_widgets(screen):
         parent.children[0].SetVisible(visible)
         parent.draw(screen, 0, 0, 1.0)
         assert len(counted) == total
+    scene = Scene()
+    parent.OnLoad(scene)
+    parent.SetInnerBindingEvent("Render", "drawn", None)
+    parent.draw(screen, 0, 0, 1.0)
+    assert scene.calls == [("on_drawn", {})]
     parent.OnLoad(object())
     parent.draw(screen, 0, 0, 1.0)
 
@@ -131,9 +136,8 @@ for turn, mode in enumerate(modes * 3):
         pygame.init()
     screen = pygame.display.set_mode(*mode)
     label.CreateFont("Arial", 20, False, False, False, False)
-print("drawn")
 """
 
 
 def test_display_restarts():
-    assert run_isolated(RESTARTS).split()[-1] == "drawn"
+    assert outcomes({"restarts": RESTARTS}) == {"restarts": "fine"}

@@ -1,7 +1,7 @@
 """Places, sizes and cameras that no screen holds: nothing is drawn and nothing breaks."""
 
 import pytest
-from helpers import outcomes
+from helpers import kept_megabytes, outcomes
 
 FAR = "[nan, inf, -inf, 1e300, -1e300, 1e30, 2.0**31, -2.0**31, 2**31, -(2**31), 2**40, 2**30 + 1]"
 PRELUDE = f"""
@@ -37,22 +37,17 @@ def draw_far(thing):
             assert pixels() == before, camera
     thing.draw(screen, 0, 0, 1.0)
     assert pixels() != before
-# Sizes and scales may be refused, as long as the next draw is right again.
-def draw_large(thing, **good):
-    for name in ("width", "height", "sx", "sy"):
-        for far in FAR:
-            old = getattr(thing, name)
-            setattr(thing, name, far)
+# Sizes and scales may be refused, as long as the next draw works again.
+def draw_large(thing):
+    for far in FAR:
+        for name in ("width", "height", "sx", "sy", None):
+            old = dict(vars(thing))
+            vars(thing).update({{name: far}} if name else {{}})
             try:
-                thing.draw(screen, 0, 0, 1.0)
+                thing.draw(screen, 0, 0, 1.0 if name else far)
             except (ValueError, OverflowError, TypeError, MemoryError, pygame.error):
                 pass
-            setattr(thing, name, old)
-    for scale in FAR:
-        try:
-            thing.draw(screen, 0, 0, scale)
-        except (ValueError, OverflowError, TypeError, MemoryError, pygame.error):
-            pass
+            vars(thing).update(old)
     thing.draw(screen, 0, 0, 1.0)
 """
 THINGS = {
@@ -79,29 +74,56 @@ def wrong(found):
     return {name: how for name, how in found.items() if how != "fine"}
 
 
-def test_what_is_far_away_is_not_drawn():
-    pieces = {name: f"draw_far({make})" for name, make in THINGS.items()}
-    assert wrong(outcomes(pieces, PRELUDE)) == {}
-
-
-def test_sizes_that_no_memory_holds():
-    pieces = {name: f"draw_large({make})" for name, make in THINGS.items()}
+@pytest.mark.parametrize("draw", ["draw_far", "draw_large"])
+def test_what_is_far_away_or_larger_than_any_memory(draw):
+    pieces = {name: f"{draw}({make})" for name, make in THINGS.items()}
     assert wrong(outcomes(pieces, PRELUDE)) == {}
 
 
 SHAPES = {"Point": "far, 5", "Line": "5, 5, far, 30", "Rect": "5, 5, far, far"}
-
-
-@pytest.mark.parametrize("kind", SHAPES)
-def test_debug_shapes(kind):
-    piece = f"""
+SHAPE = """
 layer = T.GameLayer()
 for far in FAR:
-    layer.Add{kind}("shape", 1, {SHAPES[kind]})
+    layer.Add{}("shape", 1, {})
     try:
         layer.draw(screen)
     except (TypeError, ValueError, OverflowError):
         pass
-    layer.Del{kind}(0)
+    layer.Del{}(0)
 """
-    assert outcomes({kind: piece}, PRELUDE) == {kind: "fine"}
+
+
+def test_debug_shapes():
+    pieces = {kind: SHAPE.format(kind, place, kind) for kind, place in SHAPES.items()}
+    assert wrong(outcomes(pieces, PRELUDE)) == {}
+
+
+# The megabytes that finished pictures may take.
+BOUND = 268
+SHOWN = """
+import pygame
+import Tessora as T
+pygame.init()
+screen = pygame.display.set_mode((320, 240))
+picture = pygame.Surface((16, 16), pygame.SRCALPHA)
+picture.fill((200, 100, 50))
+def show(width, height, **look):
+    widget = T.GUI_Image(None, 0, 0)
+    vars(widget).update(dict(image=picture, width=width, height=height, bgColor=None), **look)
+    for _ in range(3):
+        widget.draw(screen, 0, 0, 1.0)
+"""
+# What is drawn, and the megabytes that may stay.
+PICTURES = {
+    "many": ("for n in range(40): show(2000 + n, 1000)", BOUND),
+    "many turned": ("for n in range(60): show(1000, 500, angle=1 + n)", BOUND),
+    "many, then a large one": ("for n in range(30): show(2000 + n, 1000)\nshow(6000, 6000)", BOUND),
+    "one beyond the bound": ("show(9000, 9000)", BOUND),
+    "some, then quit": ("for n in range(20): show(2000 + n, 1000)\npygame.quit()", 10),
+}
+
+
+@pytest.mark.parametrize("name", PICTURES)
+def test_memory_stays_within_the_bound(monkeypatch, name):
+    act, most = PICTURES[name]
+    assert kept_megabytes(monkeypatch, SHOWN, act) <= most + 20

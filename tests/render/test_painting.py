@@ -137,16 +137,6 @@ def test_random_places_clips_and_subsurfaces(widget, seed):
         assert_bytes(widget, target, whole, image=image, **look)
 
 
-@pytest.mark.parametrize("place", [(2**31 - 1, 0), (-(2**31), 5), (5, 2**31 - 1), (-(2**31), -1)])
-def test_far_places_draw_nothing(widget, place):
-    rng = random.Random(5)
-    target = noise(rng, (30, 20))
-    before = target.get_buffer().raw
-    dress(widget, image=noise(rng, (9, 9)), x=place[0], y=place[1], width=9, height=9)
-    widget.draw(target)
-    assert target.get_buffer().raw == before
-
-
 def state(method, *args):
     return lambda surface: getattr(surface, method)(*args)
 

@@ -2,11 +2,11 @@
 
 import os
 import shutil
-from pathlib import Path
 
 import pygame
 import pytest
 import Tessora as T
+from helpers import Recorder
 from picture_oracle import assert_same, noise, outcome
 from resource_files import default_font_file, native, write_file, write_png, write_wav
 
@@ -27,37 +27,6 @@ def test_files_are_found_by_their_bare_name_in_any_case(tmp_path):
         assert res.GetResPath("NEW.txt") == path
     for method in (res.AddNewResFile, res.GetResPath, res.LoadImage, T.PyGameResManager):
         assert outcome(method, None) in (TypeError, AttributeError)
-
-
-def test_path_objects_name_files_as_texts_do(screen, tmp_path, capsys):
-    write_png(tmp_path / "a_1.png", noise((5, 6), 1))
-    write_wav(tmp_path / "tone.wav")
-    shutil.copy(default_font_file(), str(tmp_path / "face.ttf"))
-    write_file(tmp_path / "more" / "b.txt")
-    by_text, res = T.PyGameResManager(str(tmp_path)), T.PyGameResManager(tmp_path)
-    assert (res.resdir, res.fileDict) == (by_text.resdir, by_text.fileDict)
-    assert res.GetResPath(Path("A_1.png")) == by_text.GetResPath("a_1.png")
-    capsys.readouterr()
-    image = res.LoadImage(Path("a_1.png"))
-    assert image is res.LoadImage("a_1.png") and list(res.ImageDict) == ["a_1.png"]
-    res.ManageImageMemory(Path("a_1.png"))
-    assert capsys.readouterr().out.split("\n")[1:] == ["a_1.png load:0 -> 1"] * 2 + [""]
-    assert len(res.GetImageListFiles(Path("a_1.png"))) == 1
-    assert (res.PlaySound(Path("tone.wav")), res.PlaySound(Path("none.wav"))) == (0, -1)
-    res.PlayMusic(Path("tone.wav"))
-    res.StopMusic()
-    assert res.GetFont(Path("face.ttf"), 20) is not None
-    res.AddNewResFile(tmp_path / "new.txt")
-    assert res.GetResPath("new.txt") == str(tmp_path / "new.txt")
-    res.fileDict.clear()
-    res.FoundAllResFile(tmp_path / "more")
-    assert list(res.fileDict) == ["b.txt"]
-
-
-def test_scenes_are_found_below_a_path_object(tmp_path):
-    for name in ("L.json", "L_Res.Json"):
-        write_file(tmp_path / "Scene" / name)
-    assert "L" in T.PyGameResManager(tmp_path).GetSceneList()
 
 
 def test_a_path_without_a_place_for_a_number_is_named():
@@ -108,8 +77,6 @@ def test_frames_of_a_sequence(tmp_path, monkeypatch, capsys, name, prefix, expec
     assert found == ["res/" + file for file in expected]
     assert capsys.readouterr().out == (f"res\\{prefix}*.png\n" if prefix else "")
     assert (res.GetImageListFiles("?"), capsys.readouterr().out) == ([], "ImageList\n")
-    res.AddNewResFile("folder/readme")
-    assert outcome(res.GetImageListFiles, "readme") is UnboundLocalError
 
 
 def test_images_are_loaded_once_and_the_latest_is_last(screen, tmp_path, capsys):
@@ -128,6 +95,7 @@ def test_images_are_loaded_once_and_the_latest_is_last(screen, tmp_path, capsys)
     assert (len(res.ImageDict), res.ImageDict_MemManage_Count) == (3, 3)
     res.ReleaseAllImageMemeory()
     assert (res.ImageDict, res.ImageDict_MemManage_List) == ({}, [])
+    assert res.ImageDict_MemManage_Count == 0
     assert res.LoadImage("x.png") is not loaded[0]
 
 
@@ -148,6 +116,11 @@ def test_music_and_sounds_play(screen, tmp_path, kind):
         assert outcome(play, "broken.wav") is pygame.error
     res.StopMusic()
     assert (music.get_busy(), res.soundPlayCount) == (False, 2)
+    with pytest.MonkeyPatch.context() as patch:
+        patch.setattr(pygame.mixer, "music", Recorder())
+        for arguments, loops in (((), 0), ((-1,), -1)):
+            res.PlayMusic(name, *arguments)
+            assert pygame.mixer.music.calls[-1] == ("play", (loops, 0))
     pygame.mixer.quit()
     assert outcome(res.PlaySound, name) is pygame.error
 

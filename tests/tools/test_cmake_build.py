@@ -38,22 +38,22 @@ def chosen(compiler=None):
     return build.compiler, version, build._find_generator()
 
 
-def test_visual_cpp_goes_before_mingw(windows):
-    assert chosen() == (None, "17.9.1", [])
+VISUAL = (None, "17.9.1", [])
+CHOICES = {
+    "Visual C++ before MinGW": (True, {}, None, VISUAL),
+    "MinGW alone": (False, {}, None, (*MINGW, NINJA)),
+    "named by CXX": (True, {"CXX": "g++"}, None, (*MINGW, NINJA)),
+    "named by the caller": (True, {}, "g++", (*MINGW, NINJA)),
+}
 
 
-def test_without_visual_cpp_mingw_serves(windows):
-    del windows["visual"]
-    assert chosen() == (*MINGW, NINJA)
-
-
-def test_cxx_names_another_compiler(windows, monkeypatch):
-    monkeypatch.setenv("CXX", "g++")
-    assert chosen() == (*MINGW, NINJA)
-
-
-def test_the_caller_names_another_compiler(windows):
-    assert chosen(compiler="g++") == (*MINGW, NINJA)
+@pytest.mark.parametrize("name", CHOICES)
+def test_the_compiler_that_is_taken(windows, monkeypatch, name):
+    visual, env, named, wanted = CHOICES[name]
+    windows["visual"] = visual and windows["visual"]
+    for key, value in env.items():
+        monkeypatch.setenv(key, value)
+    assert chosen(named) == wanted
 
 
 def test_a_machine_without_a_compiler_is_told_what_to_install(windows):

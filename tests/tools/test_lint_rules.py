@@ -46,25 +46,19 @@ def test_methods_in_the_files_that_the_header_names_are_good():
     assert homes() == []
 
 
-@pytest.mark.parametrize(
-    ("sources", "fault"),
-    [
-        (
-            {"drawing": "// void Image::draw(Screen screen) {}\n"},
-            (3, "Image::draw is not defined in image_drawing.cpp, image_border.cpp"),
-        ),
-        (
-            {"border": "void Label::border(Screen screen) {\n  Image::border(screen);\n}\n"},
-            (5, "Image::border is not defined in image_drawing.cpp, image_border.cpp"),
-        ),
-        (
-            {"colors": "Color mixed(Color one);\nColor x = mixed(a);\n"},
-            (14, "mixed is not defined in image_colors.cpp"),
-        ),
-    ],
-    ids=["in a comment", "of another class", "function"],
-)
-def test_a_method_that_lives_elsewhere_is_a_fault(sources, fault):
+PLACES = "is not defined in image_drawing.cpp, image_border.cpp"
+OF_A_LABEL = "void Label::border(Screen screen) {\n  Image::border(screen);\n}\n"
+ONLY_CALLED = "Color mixed(Color one);\nColor x = mixed(a);\n"
+ELSEWHERE = {
+    "in a comment": ({"drawing": "// " + DRAWING}, (3, f"Image::draw {PLACES}")),
+    "of another class": ({"border": OF_A_LABEL}, (5, f"Image::border {PLACES}")),
+    "function": ({"colors": ONLY_CALLED}, (14, "mixed is not defined in image_colors.cpp")),
+}
+
+
+@pytest.mark.parametrize("name", ELSEWHERE)
+def test_a_method_that_lives_elsewhere_is_a_fault(name):
+    sources, fault = ELSEWHERE[name]
     assert homes(**sources) == [fault]
 
 
@@ -80,112 +74,86 @@ def test_a_file_that_is_not_there_is_a_fault():
     ]
 
 
-@pytest.mark.parametrize(
-    ("path", "text"),
-    [
-        ("engine/gui/label.cpp", "Ref text = read(node);  // no PyObject*, no get()\n"),
-        ("engine/gui/label.cpp", 'fail("PyObject.get()");\n'),
-        ("engine/gui/label.cpp", "PyGameResManager manager; Pyramid base; map.get(key);\n"),
-        ("engine/host/ref.hpp", "PyObject* get() { return Py_None; }\n"),
-        ("module/tessora.cpp", "PyMODINIT_FUNC PyInit_Tessora() {}\n"),
-        ("engine/gui/label.cpp", "raise(PyExc_TypeError); Py_ssize_t size = 0;\n"),
-        ("engine/gui/label.hpp", "void register_label(PyObject* module);\n"),
-    ],
-    ids=["comment", "string", "other names", "host", "entry point", "names", "module"],
-)
-def test_code_without_the_interpreter_is_good(path, text):
-    assert faults(lint_rules.interpreter_api, path, text) == []
+LABEL, HEADER_FILE = "engine/gui/label.cpp", "engine/gui/label.hpp"
+API, BORROWED = lint_rules.interpreter_api, lint_rules.borrowed_values
+FLOORS, CALLS = lint_rules.room_floors, lint_rules.script_calls
+GOOD = {
+    "in a comment": (API, LABEL, "Ref text = read(node);  // no PyObject*, no get()"),
+    "in a string": (API, LABEL, 'fail("PyObject.get()");'),
+    "other names": (API, LABEL, "PyGameResManager manager; Pyramid base; map.get(key);"),
+    "host": (API, "engine/host/ref.hpp", "PyObject* get() { return Py_None; }"),
+    "entry point": (API, "module/tessora.cpp", "PyMODINIT_FUNC PyInit_Tessora() {}"),
+    "names": (API, LABEL, "raise(PyExc_TypeError); Py_ssize_t size = 0;"),
+    "module": (API, HEADER_FILE, "void register_label(PyObject* module);"),
+    "parameters": (BORROWED, LABEL, "void f(Value x, Value y = none());"),
+    "owned": (BORROWED, LABEL, "  Ref text = read(node);"),
+    "alias": (BORROWED, LABEL, "  Value alias = text;"),
+    "alias in braces": (BORROWED, LABEL, "  Value plain{other};"),
+    "loop": (BORROWED, LABEL, "  for (Value child : children(node)) use(child);"),
+    "function": (BORROWED, LABEL, "Value find(Node& node);"),
+    "commented out": (BORROWED, LABEL, "  // Value x = read(node);"),
+    "borrowed in host": (BORROWED, "engine/host/list.cpp", "  Value item = get(list);"),
+    "gui from gui": (FLOORS, HEADER_FILE, '#include "engine/gui/button.hpp"'),
+    "image": (FLOORS, HEADER_FILE, '#include "engine/image/image.hpp"'),
+    "resources": (FLOORS, "engine/image/a.hpp", '#include "engine/resources/b.hpp"'),
+    "render": (FLOORS, "engine/core/node.hpp", '#include "engine/render/canvas.hpp"'),
+    "host from render": (FLOORS, "engine/render/canvas.hpp", '#include "engine/host/ref.hpp"'),
+    "gui from module": (FLOORS, "module/tessora.cpp", '#include "engine/gui/label.hpp"'),
+    "module from module": (FLOORS, "module/tessora.cpp", '#include "module/imports.hpp"'),
+    "nested": (CALLS, LABEL, "void f() {\n  message::SetX(node, a.call(x));\n}"),
+    "chained": (CALLS, LABEL, "void f() {\n  a.call(x).call(y);\n}"),
+    "and": (
+        CALLS,
+        LABEL,
+        "void f() {\n  b = a.call(x).is_true() && message::IsOver(n).is_true();\n}",
+    ),
+    "terms": (CALLS, LABEL, "void f() {\n  Number n = ask(message::GetWX, node) + read(x);\n}"),
+    "statements": (CALLS, LABEL, "void f() {\n  a.call(x); b.call(y);\n}"),
+}
 
 
-@pytest.mark.parametrize(
-    ("text", "name"),
-    [
-        ("\nvoid f(PyObject* x);\n", "PyObject"),
-        ("\nauto size = PyList_Size(x);\n", "PyList_Size"),
-        ("\n_PyObject_GC_TRACK(x);\n", "_PyObject_GC_TRACK"),
-        ("\nuse(text.get());\n", ".get()"),
-        ("\nuse(text->get());\n", "->get()"),
-    ],
-    ids=["object", "function", "private", "reference", "pointer"],
-)
-def test_the_interpreter_in_engine_code_is_a_fault(text, name):
-    found = faults(lint_rules.interpreter_api, "engine/gui/label.cpp", text)
-    assert found == [(2, f"{name} belongs to engine/host")]
+@pytest.mark.parametrize("name", GOOD)
+def test_good_code(name):
+    rule, path, text = GOOD[name]
+    assert faults(rule, path, text + "\n") == []
 
 
-@pytest.mark.parametrize(
-    "text",
-    [
-        "void f(Value x, Value y = none());\n",
-        "  Ref text = read(node);\n",
-        "  Value alias = text;\n",
-        "  Value plain{other};\n",
-        "  for (Value child : children(node)) use(child);\n",
-        "Value find(Node& node);\n",
-        "  // Value x = read(node);\n",
-    ],
-    ids=["parameters", "owned", "alias", "alias in braces", "loop", "function", "comment"],
-)
-def test_a_value_that_outlives_nothing_is_good(text):
-    assert faults(lint_rules.borrowed_values, "engine/gui/label.cpp", text) == []
+BORROWS = "text borrows what nothing owns: use a Ref"
+# The second line is at fault.
+BAD = {
+    "object": (API, LABEL, "\nvoid f(PyObject* x);", "PyObject belongs to engine/host"),
+    "call": (API, LABEL, "\nauto size = PyList_Size(x);", "PyList_Size belongs to"),
+    "private": (API, LABEL, "\n_PyObject_GC_TRACK(x);", "_PyObject_GC_TRACK belongs to"),
+    "reference": (API, LABEL, "\nuse(text.get());", ".get() belongs to engine/host"),
+    "pointer": (API, LABEL, "\nuse(text->get());", "->get() belongs to engine/host"),
+    "equals": (BORROWED, LABEL, "{\n  Value text = read(node);", BORROWS),
+    "braces": (BORROWED, LABEL, "{\n  const Value text{node.read(slot)};", BORROWS),
+    "parentheses": (BORROWED, LABEL, "{\n  host::Value text(read(node));", BORROWS),
+    "condition": (BORROWED, LABEL, "{\n  if (Value text = find(node)) use(text);", BORROWS),
+    "item": (BORROWED, LABEL, "{\n  const host::Value text = names[index];", BORROWS),
+    "two lines": (BORROWED, LABEL, "{\n  Value text =\n      a ? other : read(node);", BORROWS),
+    "arguments": (CALLS, LABEL, "{\n  f(message::GetWX(node), message::GetWY(node));\n}", ""),
+    "operands": (CALLS, LABEL, "{\n  Number sum = a.call(x) + b.call(y);\n}", ""),
+    "attribute and call": (CALLS, LABEL, "{\n  pair(node.attr(x), other.call(y));\n}", ""),
+}
+BAD_INCLUDES = [
+    ("engine/host/ref.hpp", "engine/core/node.hpp", "host may not include from core"),
+    ("engine/render/canvas.hpp", "engine/core/node.hpp", "render may not include from core"),
+    ("engine/core/node.hpp", "engine/actions/action.hpp", "core may not include from actions"),
+    ("engine/image/image.hpp", "engine/gui/label.hpp", "image may not include from gui"),
+    ("engine/tilemap/map.hpp", "engine/gui/label.hpp", "tilemap may not include from gui"),
+    (HEADER_FILE, "module/imports.hpp", "gui may not include from module"),
+    (HEADER_FILE, "button.hpp", "button.hpp is not named from the root"),
+    (HEADER_FILE, "engine/attic/old.hpp", "engine/attic has no floor"),
+]
+for path, target, message in BAD_INCLUDES:
+    BAD[message] = (FLOORS, path, f'#include <vector>\n#include "{target}"', message)
 
 
-@pytest.mark.parametrize(
-    "text",
-    [
-        "{\n  Value text = read(node);\n",
-        "{\n  const Value text{node.read(slot)};\n",
-        "{\n  host::Value text(read(node));\n",
-        "{\n  if (Value text = find(node)) use(text);\n",
-        "{\n  const host::Value text = names[index];\n",
-        "{\n  Value text =\n      condition ? other : read(node);\n",
-    ],
-    ids=["equals", "braces", "parentheses", "condition", "item", "two lines"],
-)
-def test_a_value_that_takes_a_call_s_result_is_a_fault(text):
-    found = faults(lint_rules.borrowed_values, "engine/gui/label.cpp", text)
-    assert found == [(2, "text borrows what nothing owns: use a Ref")]
-
-
-def test_host_may_keep_borrowed_values():
-    text = "  Value item = get(list);\n"
-    assert faults(lint_rules.borrowed_values, "engine/host/list.cpp", text) == []
-
-
-@pytest.mark.parametrize(
-    ("path", "target"),
-    [
-        ("engine/gui/label.hpp", "engine/gui/button.hpp"),
-        ("engine/gui/label.hpp", "engine/image/image.hpp"),
-        ("engine/image/image.hpp", "engine/resources/resource_manager.hpp"),
-        ("engine/core/node.hpp", "engine/render/canvas.hpp"),
-        ("engine/render/canvas.hpp", "engine/host/ref.hpp"),
-        ("module/tessora.cpp", "engine/gui/label.hpp"),
-        ("module/tessora.cpp", "module/imports.hpp"),
-    ],
-    ids=lambda name: name.split("/")[-2],
-)
-def test_an_include_from_a_floor_below_is_good(path, target):
-    assert faults(lint_rules.room_floors, path, f'#include "{target}"\n') == []
-
-
-@pytest.mark.parametrize(
-    ("path", "target", "message"),
-    [
-        ("engine/host/ref.hpp", "engine/core/node.hpp", "host may not include from core"),
-        ("engine/render/canvas.hpp", "engine/core/node.hpp", "render may not include from core"),
-        ("engine/core/node.hpp", "engine/actions/action.hpp", "core may not include from actions"),
-        ("engine/image/image.hpp", "engine/gui/label.hpp", "image may not include from gui"),
-        ("engine/tilemap/map.hpp", "engine/gui/label.hpp", "tilemap may not include from gui"),
-        ("engine/gui/label.hpp", "module/imports.hpp", "gui may not include from module"),
-        ("engine/gui/label.hpp", "button.hpp", "button.hpp is not named from the root"),
-        ("engine/gui/label.hpp", "engine/attic/old.hpp", "engine/attic has no floor"),
-    ],
-    ids=["host", "render", "core", "image", "same floor", "module", "bare name", "unknown room"],
-)
-def test_an_include_from_elsewhere_is_a_fault(path, target, message):
-    text = f'#include <vector>\n#include "{target}"\n'
-    ((line, found),) = faults(lint_rules.room_floors, path, text)
+@pytest.mark.parametrize("name", BAD)
+def test_bad_code(name):
+    rule, path, text, message = BAD[name]
+    ((line, found),) = faults(rule, path, text + "\n")
     assert (line, found[: len(message)]) == (2, message)
 
 
@@ -196,33 +164,3 @@ def test_faults_are_lines_for_the_terminal(tmp_path):
     assert lint_rules.check(tmp_path, [source], lint_rules.ALL) == [
         "engine/gui/label.cpp:1: gui may not include from module, which is no floor below"
     ]
-
-
-@pytest.mark.parametrize(
-    "statement",
-    [
-        "f(message::GetWX(node), message::GetWY(node));",
-        "Number sum = a.call(x) + b.call(y);",
-        "pair(node.attr(x), other.call(y));",
-    ],
-    ids=["arguments", "operands", "attribute and call"],
-)
-def test_two_script_calls_in_one_expression_are_found(statement):
-    text = "void f() {\n  " + statement + "\n}\n"
-    assert [line for line, _ in faults(lint_rules.script_calls, "engine/gui/a.cpp", text)] == [2]
-
-
-@pytest.mark.parametrize(
-    "statement",
-    [
-        "message::SetX(node, a.call(x));",
-        "a.call(x).call(y);",
-        "return a.call(x).is_true() && message::IsOver(node).is_true();",
-        "Number sum = ask(message::GetWX, node) + read(x);",
-        "a.call(x); b.call(y);",
-    ],
-    ids=["nested", "chained", "sequenced", "terms", "statements"],
-)
-def test_script_calls_with_an_order_are_good(statement):
-    text = "void f() {\n  " + statement + "\n}\n"
-    assert faults(lint_rules.script_calls, "engine/gui/a.cpp", text) == []

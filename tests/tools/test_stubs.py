@@ -78,49 +78,39 @@ def test_a_property_is_read_and_written():
     ]
 
 
-@pytest.mark.parametrize(
-    ("text", "shown"),
-    [
-        ("One line.", '"""One line."""\n'),
-        ('"flat" or "raised"', '""" "flat" or "raised" """\n'),
-        ("Back\\slash", '"""Back\\\\slash"""\n'),
-        ("word " * 30, '"""' + ("word " * 19).strip() + "\n" + ("word " * 11).strip() + '\n"""\n'),
-        ("First.\n\nSecond\nline.", '"""First.\n\nSecond line.\n"""\n'),
-        ("First:\n\n- a list\n- kept", '"""First:\n\n- a list\n- kept\n"""\n'),
-        ("First.\n\n>>> x = 1\n>>> x\n1", '"""First.\n\n>>> x = 1\n>>> x\n1\n"""\n'),
-    ],
-    ids=["short", "quotation marks", "backslash", "filled", "paragraphs", "list", "example"],
-)
-def test_docstrings_are_filled(text, shown):
-    assert stubs.docstring(text) == shown
+DOCSTRINGS = {
+    "short": ("One line.", "One line."),
+    "quotation marks": ('"flat" or "raised"', ' "flat" or "raised" '),
+    "backslash": ("Back\\slash", "Back\\\\slash"),
+    "filled": ("word " * 30, ("word " * 19).strip() + "\n" + ("word " * 11).strip() + "\n"),
+    "paragraphs": ("First.\n\nSecond\nline.", "First.\n\nSecond line.\n"),
+    "list": ("First:\n\n- a list\n- kept", "First:\n\n- a list\n- kept\n"),
+    "example": ("First.\n\n>>> x = 1\n>>> x\n1", "First.\n\n>>> x = 1\n>>> x\n1\n"),
+}
 
 
-@pytest.mark.parametrize(
-    ("declarations", "message"),
-    [
-        ([value(doc=" ")], "speed has no docstring"),
-        ([value(type="list[")], "speed: no valid declaration"),
-        ([value(), value()], "speed is declared twice"),
-        ([value("Pass")], "Pass is declared twice"),
-        ([a_class(method("Go"), method("Go"))], "Node.Go is declared twice"),
-        ([a_class(method("Go", "(x -> None"))], "Node.Go: no valid declaration"),
-        ([a_class(method("Go", "(x)"))], "Node.Go: the signature has no result type"),
-        ([a_class(signature="x: float")], "Node: no valid declaration"),
-    ],
-    ids=[
-        "no docstring",
-        "broken type",
-        "value twice",
-        "value of the head",
-        "method twice",
-        "broken signature",
-        "no result type",
-        "broken constructor",
-    ],
-)
-def test_faults_are_named(declarations, message):
+@pytest.mark.parametrize("name", DOCSTRINGS)
+def test_docstrings_are_filled(name):
+    text, shown = DOCSTRINGS[name]
+    assert stubs.docstring(text) == f'"""{shown}"""\n'
+
+
+FAULTS = {
+    "speed has no docstring": [value(doc=" ")],
+    "speed: no valid declaration": [value(type="list[")],
+    "speed is declared twice": [value(), value()],
+    "Pass is declared twice": [value("Pass")],
+    "Node.Go is declared twice": [a_class(method("Go"), method("Go"))],
+    "Node.Go: no valid declaration": [a_class(method("Go", "(x -> None"))],
+    "Node.Go: the signature has no result type": [a_class(method("Go", "(x)"))],
+    "Node: no valid declaration": [a_class(signature="x: float")],
+}
+
+
+@pytest.mark.parametrize("message", FAULTS)
+def test_faults_are_named(message):
     with pytest.raises(Problem, match=message):
-        stubs.stub_text(HEAD, declarations)
+        stubs.stub_text(HEAD, FAULTS[message])
 
 
 def test_the_real_head_declares_what_the_classes_need():
