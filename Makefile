@@ -10,7 +10,7 @@ VENV ?= .venv
 ARGS ?=
 GAME ?= star_catcher
 
-commands := test demo run bench build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
+commands := test demo run bench docs build asan clang lint format stubs stubs-check wheel-check windows-check test-all test-ce
 
 help:
 	@echo "make demo           play the demo game; GAME=platformer plays the other one"
@@ -19,6 +19,7 @@ help:
 	@echo "make test-ce        the tests with pygame-ce in place of pygame"
 	@echo "make test-all       the tests on every Python found, with pygame and pygame-ce"
 	@echo "make bench          measure the engine, as a table of ratios"
+	@echo "make docs           build the manual into build/docs/html"
 	@echo "make asan           the tests under AddressSanitizer and UBSan (Linux)"
 	@echo "make lint           clang-format, clang-tidy, ruff and the project's rules"
 	@echo "make format         lay out all sources with clang-format and ruff"

@@ -133,6 +133,12 @@ def stubs_check(environment, args):
     run([*stubtest_command(environment.python), *args], env=env)
 
 
+def docs(environment, args):
+    build = prepare(environment, "test", "docs")
+    command = [environment.python, ROOT / "tools" / "docs.py", *args]
+    run(command, env=build.run_environment(PYGAME_HIDE_SUPPORT_PROMPT="1", **HEADLESS))
+
+
 def wheel_check(environment, args):
     environment.ensure()
     run([environment.python, ROOT / "tools" / "wheel_check.py", *args])
@@ -167,6 +173,7 @@ COMMANDS = {
     "build": build_only,
     "clang": clang,
     "demo": demo,
+    "docs": docs,
     "format": format_sources,
     "lint": lint,
     "run": run_script,

@@ -23,6 +23,9 @@ EXAMPLES += [("buttons", "OnPickUpFunction2", BUTTONS), ("star_catcher/main", "c
 # A planted tree, water and grass; stone, earth and the night behind them.
 ISLAND = {(160, 155): (52, 116, 80), (350, 205): (78, 150, 206), (5, 5): GROUND}
 MEADOW = {(232, 246): (128, 132, 150), (4, 398): (134, 92, 66), (5, 5): GROUND}
+# A switch that is on, the knob and the track of one that is off, a bar that was hurt.
+OWN = {(42, 72): (92, 190, 120), (318, 114): (255, 250, 240), (370, 114): (96, 84, 140)}
+EXAMPLES += [("own_widget", "collidepoint", {**OWN, (120, 208): (24, 18, 46), (5, 5): GROUND})]
 EXAMPLES += [("diamond_map", "wrote", ISLAND), ("tmx_map", "wrote", MEADOW)]
 
 
