@@ -115,8 +115,8 @@ if sys.version_info < (3, 13):
 # `Res` is None until the game sets it, but `Any`: a test before every use would help nobody.
 
 Res: PyGameResManager | Any
-"""The game's resource manager, through which widgets load their files. Default None: the game sets
-it.
+"""The game's resource manager, through which widgets load their files; the game sets it. Default
+None.
 """
 BorderVisible: bool
 """Free for scripts. Default False."""
@@ -127,7 +127,7 @@ g_pygameControl_BorderColor: pygame.Color
 g_pygameControl_CollColor: pygame.Color
 """Colour of the outlines of collision rectangles. Default (0, 255, 255, 255)."""
 g_EngineAPI: str
-"""Name of the drawing back end, "Pygame"."""
+"""Name of the drawing back end. Default "Pygame"."""
 GUI_WINDOW_BGCOLOR: pygame.Color
 """Border colour of new widgets and background of new check and radio buttons. Default (128, 128,
 128, 128).
@@ -241,7 +241,7 @@ class GameLayer:
     scrollPosY: float
     """Vertical scroll offset in pixels, with which the nodes are drawn. Default 0."""
     font: pygame.font.Font
-    """Font of the labels of debug points. Default Arial of 18 pixels."""
+    """Font of the labels of debug points, at first Arial of 18 pixels."""
 
     def __init__(self) -> None: ...
     def GetSceneInstance(self) -> Any:
@@ -1560,22 +1560,22 @@ class GUI_Label(GUI_Image):
         """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the system font, or of the font's file. Default "Arial"."""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font in pixels. Default 16."""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: whether the font was made bold. Default False."""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: whether the font was made italic. Default False."""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: whether the font was made to underline. Default False."""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: whether the font was made to strike through. Default False."""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetTextColor(self) -> pygame.Color:
         """Return `textColor`: colour of the text."""
@@ -1804,23 +1804,23 @@ class GUI_CheckButton(GUI_Button):
     CheckValue: bool
     """Whether the button is checked. Default False."""
     textColor_checked: pygame.Color
-    """Text colour while checked. Default the colour in `textColor`."""
+    """Text colour while checked, at first the one in `textColor`."""
     bgColor_checked: pygame.Color
-    """Background colour while checked. Default the colour in `bgColor`."""
+    """Background colour while checked, at first the one in `bgColor`."""
     image_checked: pygame.Surface | None
     """Picture while checked, or None. Default None."""
     textColor_hover_checked: pygame.Color
-    """Text colour while checked, with the pointer inside. Default the colour in `textColor_hover`."""
+    """Text colour while checked, with the pointer inside, at first the one in `textColor_hover`."""
     bgColor_hover_checked: pygame.Color
-    """Background colour while checked, with the pointer inside. Default the colour in
+    """Background colour while checked, with the pointer inside, at first the one in
     `bgColor_hover`.
     """
     image_hover_checked: pygame.Surface | None
     """Picture while checked, with the pointer inside, or None. Default None."""
     textColor_click_checked: pygame.Color
-    """Text colour while checked and pressed. Default the colour in `textColor_click`."""
+    """Text colour while checked and pressed, at first the one in `textColor_click`."""
     bgColor_click_checked: pygame.Color
-    """Background colour while checked and pressed. Default the colour in `bgColor_click`."""
+    """Background colour while checked and pressed, at first the one in `bgColor_click`."""
     image_click_checked: pygame.Surface | None
     """Picture while checked and pressed, or None. Default None."""
     checkboxVisible: bool
@@ -1854,23 +1854,21 @@ class GUI_CheckButton(GUI_Button):
         """Set `CheckValue`: whether the button is checked."""
 
     def GetTextColor_Checked(self) -> pygame.Color:
-        """Return `textColor_checked`: text colour while checked. Default the colour in
-        `textColor`.
-        """
+        """Return `textColor_checked`: text colour while checked, at first the one in `textColor`."""
 
     def SetTextColor_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_checked`: text colour while checked. Default the colour in `textColor`.
+        """Set `textColor_checked`: text colour while checked, at first the one in `textColor`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def GetBGColor_Checked(self) -> pygame.Color:
-        """Return `bgColor_checked`: background colour while checked. Default the colour in
+        """Return `bgColor_checked`: background colour while checked, at first the one in
         `bgColor`.
         """
 
     def SetBGColor_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_checked`: background colour while checked. Default the colour in `bgColor`.
+        """Set `bgColor_checked`: background colour while checked, at first the one in `bgColor`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
@@ -1885,25 +1883,25 @@ class GUI_CheckButton(GUI_Button):
         """Return `image_checked`: picture while checked, or None."""
 
     def GetTextColor_Hover_Checked(self) -> pygame.Color:
-        """Return `textColor_hover_checked`: text colour while checked, with the pointer inside.
-        Default the colour in `textColor_hover`.
+        """Return `textColor_hover_checked`: text colour while checked, with the pointer inside, at
+        first the one in `textColor_hover`.
         """
 
     def SetTextColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_hover_checked`: text colour while checked, with the pointer inside.
-        Default the colour in `textColor_hover`.
+        """Set `textColor_hover_checked`: text colour while checked, with the pointer inside, at
+        first the one in `textColor_hover`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def GetBGColor_Hover_Checked(self) -> pygame.Color:
         """Return `bgColor_hover_checked`: background colour while checked, with the pointer
-        inside. Default the colour in `bgColor_hover`.
+        inside, at first the one in `bgColor_hover`.
         """
 
     def SetBGColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_hover_checked`: background colour while checked, with the pointer inside.
-        Default the colour in `bgColor_hover`.
+        """Set `bgColor_hover_checked`: background colour while checked, with the pointer inside,
+        at first the one in `bgColor_hover`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
@@ -1918,25 +1916,25 @@ class GUI_CheckButton(GUI_Button):
         """Return `image_hover_checked`: picture while checked, with the pointer inside, or None."""
 
     def GetTextColor_Click_Checked(self) -> pygame.Color:
-        """Return `textColor_click_checked`: text colour while checked and pressed. Default the
-        colour in `textColor_click`.
+        """Return `textColor_click_checked`: text colour while checked and pressed, at first the
+        one in `textColor_click`.
         """
 
     def SetTextColor_Click_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_click_checked`: text colour while checked and pressed. Default the colour
+        """Set `textColor_click_checked`: text colour while checked and pressed, at first the one
         in `textColor_click`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def GetBGColor_Click_Checked(self) -> pygame.Color:
-        """Return `bgColor_click_checked`: background colour while checked and pressed. Default the
-        colour in `bgColor_click`.
+        """Return `bgColor_click_checked`: background colour while checked and pressed, at first
+        the one in `bgColor_click`.
         """
 
     def SetBGColor_Click_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_click_checked`: background colour while checked and pressed. Default the
-        colour in `bgColor_click`.
+        """Set `bgColor_click_checked`: background colour while checked and pressed, at first the
+        one in `bgColor_click`.
 
         The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
@@ -2309,7 +2307,7 @@ class GUI_Text(GUI_Edit):
         """Return `lineHeight`: height of a line in pixels; the font's until it is set."""
 
     def GetLineGap(self) -> float:
-        """Return `linegap`: distance between lines in pixels. Default 2."""
+        """Return `linegap`: distance between lines in pixels."""
 
     def SetText(self, text: str) -> None:
         """Set the text and break it into lines; cursor and window stay within it."""
@@ -2367,7 +2365,7 @@ class GUI_Scale(GUI_Image):
     """
 
     font: pygame.font.Font
-    """pygame.font.Font that renders the value. Default Arial of 16 pixels."""
+    """pygame.font.Font that renders the value, at first Arial of 16 pixels."""
     textColor: pygame.Color
     """Colour of the value and the ruler. Default (255, 255, 255, 255)."""
     texttopgap: float
@@ -2722,22 +2720,22 @@ class GUI_ListBox(GUI_Image):
         """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the system font, or of the font's file. Default "Arial"."""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font in pixels. Default 16."""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: whether the font was made bold. Default False."""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: whether the font was made italic. Default False."""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: whether the font was made to underline. Default False."""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: whether the font was made to strike through. Default False."""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetVScrollBarVisible(self) -> bool:
         """Return `VScrollBarVisible`: whether the scroll bar shows when not all lines fit."""
@@ -3284,22 +3282,22 @@ class GUI_Tree(GUI_Image):
         """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the system font, or of the font's file. Default "Arial"."""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font in pixels. Default 16."""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: whether the font was made bold. Default False."""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: whether the font was made italic. Default False."""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: whether the font was made to underline. Default False."""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: whether the font was made to strike through. Default False."""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetTextColor(self) -> pygame.Color:
         """Return `textColor`: colour of the texts."""
@@ -4247,11 +4245,11 @@ class ParticleEmitter(GameNode):
     Tangentialaccel: float
     """Acceleration across the way from the emitter, in pixels per second squared. Default 0."""
     TangentialaccelVar: float
-    """Variance of `Tangentialaccel`. Default 0."""
+    """Variance of `Tangentialaccel` in pixels per second squared. Default 0."""
     Radialaccel: float
     """Acceleration away from the emitter, in pixels per second squared. Default 0."""
     RadialaccelVar: float
-    """Variance of `Radialaccel`. Default 0."""
+    """Variance of `Radialaccel` in pixels per second squared. Default 0."""
     running: bool
     """Whether particles are emitted. Default False."""
 
@@ -4279,14 +4277,10 @@ class ParticleEmitter(GameNode):
         """Set `Imagefile`: picture of every particle, as GUI_Image.SetImage takes it, or None."""
 
     def GetParticleMode(self) -> str | None:
-        """Return `ParticleMode`: active movement mode: "Gravity", anything else is a circle.
-        Default "Gravity".
-        """
+        """Return `ParticleMode`: active movement mode: "Gravity", anything else is a circle."""
 
     def SetParticleMode(self, value: str | None) -> None:
-        """Set `ParticleMode`: active movement mode: "Gravity", anything else is a circle. Default
-        "Gravity".
-        """
+        """Set `ParticleMode`: active movement mode: "Gravity", anything else is a circle."""
 
     def GetBlendType(self) -> int:
         """Return `blendtype`: flag with which every particle is blitted."""

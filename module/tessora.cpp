@@ -43,8 +43,8 @@ Ref color(int red, int green, int blue, int alpha = 255) {
 
 void set_values(PyObject* module) {
   host::add_value(module, "Res: PyGameResManager | Any", nullptr,
-                  "The game's resource manager, through which widgets load their files. Default "
-                  "None: the game sets it.");
+                  "The game's resource manager, through which widgets load their files; the game "
+                  "sets it. Default None.");
   host::add_value(module, "BorderVisible: bool", false, "Free for scripts. Default False.");
   host::add_value(
       module, "BorderColor: list[int]", host::list(255, 0, 0),
@@ -54,7 +54,7 @@ void set_values(PyObject* module) {
   host::add_value(module, "g_pygameControl_CollColor: pygame.Color", color(0, 255, 255),
                   "Colour of the outlines of collision rectangles. Default (0, 255, 255, 255).");
   host::add_value(module, "g_EngineAPI: str", "Pygame"_name,
-                  "Name of the drawing back end, \"Pygame\".");
+                  "Name of the drawing back end. Default \"Pygame\".");
   host::add_value(module, "GUI_WINDOW_BGCOLOR: pygame.Color", color(128, 128, 128, 128),
                   "Border colour of new widgets and background of new check and radio buttons. "
                   "Default (128, 128, 128, 128).");

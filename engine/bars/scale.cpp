@@ -163,8 +163,9 @@ void register_scale(PyObject* module) {
       ">>> volume.SetValue(7)");
   scale.constructor(kImageParameters);
   scale.sets<&S::NodeType>("Scale").sets<&S::width>(120).sets<&S::height>(20);
-  scale.attribute<&S::font>("font: pygame.font.Font", host::unset(),
-                            "pygame.font.Font that renders the value. Default Arial of 16 pixels.");
+  scale.attribute<&S::font>(
+      "font: pygame.font.Font", host::unset(),
+      "pygame.font.Font that renders the value, at first Arial of 16 pixels.");
   scale.step<&S::start_font>();
   scale
       .attribute<&S::textColor>("textColor: pygame.Color", host::color(255, 255, 255),

@@ -219,7 +219,7 @@ void declare_rows(LayerDeclaration& layer) {
   layer.attribute<&Layer::scrollPosY>(
       "scrollPosY: float", 0, "Vertical scroll offset in pixels, with which the nodes are drawn.");
   layer.attribute<&Layer::font>("font: pygame.font.Font", host::unset(),
-                                "Font of the labels of debug points. Default Arial of 18 pixels.");
+                                "Font of the labels of debug points, at first Arial of 18 pixels.");
   layer.step<&Layer::make_font>();
 }
 

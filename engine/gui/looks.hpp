@@ -118,8 +118,8 @@ class LookRows {
                  int rank) const {
     const char* setter = keep(std::string("Set") + method + method_suffix_);
     const bool is_shared = value.step().kind == host::Step::Kind::kSame;
-    const std::string first = is_shared ? " Default the colour in `" + (name + like_) + "`." : "";
-    add<Member>(name + suffix_ + ": pygame.Color", what + when_ + "." + first, value)
+    const std::string first = is_shared ? ", at first the one in `" + (name + like_) + "`." : ".";
+    add<Member>(name + suffix_ + ": pygame.Color", what + when_ + first, value)
         .getter(keep(std::string("Get") + method + method_suffix_))
         .template color_setter<host::Alpha::kOpaque>(setter)
         .template color_copied_by<host::Alpha::kOpaque>(setter, rank);

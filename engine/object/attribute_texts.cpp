@@ -1,17 +1,22 @@
 #include "engine/object/attribute_texts.hpp"
 
+#include <algorithm>
+
 #include "engine/object/declaration.hpp"
 
 namespace tessora::host {
 
 namespace {
 
+constexpr const char* kDefault = " Default ";
+
 bool is_capital(char letter) {
   return letter >= 'A' && letter <= 'Z';
 }
 
-// A sentence in the middle of another one.
+// A row's text in the middle of a sentence, without a default that it tells itself.
 std::string continued(std::string sentence) {
+  sentence.resize(std::min(sentence.find(kDefault), sentence.size()));
   if (sentence.size() < 2 || is_capital(sentence[1]) || !is_capital(sentence[0])) return sentence;
   sentence[0] = static_cast<char>(sentence[0] - 'A' + 'a');
   return sentence;
@@ -58,7 +63,7 @@ std::string shown(const Step& step) {
 
 std::string with_default(const char* doc, const Step& step) {
   const std::string value = shown(step);
-  return value.empty() ? doc : std::string(doc) + " Default " + value + ".";
+  return value.empty() ? doc : std::string(doc) + kDefault + value + ".";
 }
 
 std::string told_of(const Attribute& attribute) {

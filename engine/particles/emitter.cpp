@@ -209,13 +209,15 @@ void declare_modes(EmitterDeclaration& d) {
   d.attribute<&E::Tangentialaccel>(
       "Tangentialaccel: float", host::unset(),
       "Acceleration across the way from the emitter, in pixels per second squared. Default 0.");
-  d.attribute<&E::TangentialaccelVar>("TangentialaccelVar: float", host::unset(),
-                                      "Variance of `Tangentialaccel`. Default 0.");
+  d.attribute<&E::TangentialaccelVar>(
+      "TangentialaccelVar: float", host::unset(),
+      "Variance of `Tangentialaccel` in pixels per second squared. Default 0.");
   d.attribute<&E::Radialaccel>(
       "Radialaccel: float", host::unset(),
       "Acceleration away from the emitter, in pixels per second squared. Default 0.");
-  d.attribute<&E::RadialaccelVar>("RadialaccelVar: float", host::unset(),
-                                  "Variance of `Radialaccel`. Default 0.");
+  d.attribute<&E::RadialaccelVar>(
+      "RadialaccelVar: float", host::unset(),
+      "Variance of `Radialaccel` in pixels per second squared. Default 0.");
   d.step<&E::set_first_modes>();
   d.attribute<&E::running>("running: bool", false, "Whether particles are emitted.");
 }

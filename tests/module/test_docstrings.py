@@ -56,14 +56,12 @@ def test_the_default_of_an_attribute_is_the_one_that_is_told(row, screen):
     new = new_object(getattr(T, row["name"]))
     for each in row["members"]:
         told = re.search(r"Default (.+)\.$", each["doc"])
-        if each["kind"] != "attribute" or not told or told.group(1).startswith("Arial"):
-            continue
-        value = getattr(new, each["name"])
-        if told.group(1).startswith("the colour in `"):
-            assert value is getattr(new, told.group(1).split("`")[1]), each["name"]
-        else:
+        other = re.search(r"at first the one in `(\w+)`", each["doc"])
+        if each["kind"] == "attribute" and told:
             expected = eval(told.group(1).replace("`", ""), {"pygame": pygame, **vars(T)})
-            assert value == expected, each["name"]
+            assert getattr(new, each["name"]) == expected, each["name"]
+        elif each["kind"] == "attribute" and other:
+            assert getattr(new, each["name"]) is getattr(new, other.group(1)), each["name"]
 
 
 @pytest.mark.parametrize("cls", CLASSES, ids=BY_NAME)
