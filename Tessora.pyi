@@ -1,4 +1,57 @@
-"""2D game engine on pygame: scene nodes in layers, actions, pictures, labels, buttons."""
+"""2D games on pygame: nodes in layers, actions, pictures, widgets, characters, maps, particles.
+
+A game makes a window with pygame, tells the engine where its files are and puts nodes into a
+layer:
+
+    import pygame
+    import Tessora
+
+    pygame.init()
+    screen = pygame.display.set_mode((640, 480))
+    Tessora.Res = Tessora.PyGameResManager(".")
+    layer = Tessora.GameLayer()
+    layer.AddGameNode(Tessora.GUI_Label(None, 20, 20, "Hello"))
+    clock = pygame.time.Clock()
+
+Then it runs a loop of its own, in which each frame hands over the input, the time and the
+screen:
+
+    while True:
+        for event in pygame.event.get():
+            if event.type == pygame.QUIT:
+                raise SystemExit
+            if event.type == pygame.MOUSEBUTTONDOWN:
+                layer.OnPickDownFunction(*event.pos)
+            if event.type == pygame.MOUSEBUTTONUP:
+                layer.OnPickUpFunction(*event.pos)
+        layer.update(clock.tick(60) / 1000)
+        screen.fill("white")
+        layer.draw(screen)
+        pygame.display.flip()
+
+Places and sizes are in pixels, `y` downwards; times in seconds; angles in degrees,
+counter-clockwise.
+
+Where to look, by topic:
+
+- scene: GameLayer holds the nodes, GameNode is the base of all that is placed and drawn;
+- pictures and text: GUI_Image, GUI_Label;
+- input: GUI_Button, GUI_CheckButton, GUI_RadioButton, GUI_Edit, GUI_Text, GUI_Scale;
+- lists and dialogs: GUI_ListBox, GUI_ComboBox, GUI_Tree with TreeItemNode, GUI_MsgBox;
+- bars: GUI_VScrollBar, GUI_HScrollBar, GUI_HProgressBar, GUI_VProgressBar;
+- figures that play actions: GameCharacter;
+- tile maps: TiledMap;
+- particles: ParticleEmitter, Particle;
+- movement in time: GameNode.RunAction with MoveToAction, MoveByAction, ScaleToAction,
+  ScaleByAction, RotateToAction, RotateByAction, BlinkAction, CallBackAction; GAction is the
+  base of them, ActionPlayer plays them;
+- files: PyGameResManager, which a game stores in `Res`;
+- helpers: checkPtInRect, checkRectInRect, checkRectCollision, tree_to_dict, read_rect,
+  read_keyValue.
+
+The other names come from pygame.locals (QUIT, K_LEFT), pygame.math (Vector2) and the standard
+library: a script that says `from Tessora import *` has them, too.
+"""
 
 # Written by `make stubs`: the head is tools/stub_head.pyi, the rest is what the module says of
 # itself. It is valid Python from 3.8 on, for documentation generators that execute it.
@@ -48,32 +101,43 @@ else:
 XMLElementTree = _ElementTree
 
 __version__: str
+"""Version of the engine, such as "1.2.0"."""
 
 # From the standard library, imported at first use; `telnetlib` is gone from 3.13.
 Pass: Any
+"""`ast.Pass` of the standard library."""
 c: Any
+"""`calendar.c` of the standard library."""
 if sys.version_info < (3, 13):
     theNULL: Any
+    """`telnetlib.theNULL` of the standard library."""
 
 # `Res` is None until the game sets it, but `Any`: a test before every use would help nobody.
 
 Res: PyGameResManager | Any
-"""The game's resource manager, through which widgets load their files."""
+"""The game's resource manager, through which widgets load their files; the game sets it. Default
+None.
+"""
 BorderVisible: bool
-"""Free for scripts."""
+"""Free for scripts. Default False."""
 BorderColor: list[int]
-"""Colour of size rectangles and anchor markers."""
+"""Colour [red, green, blue] of size rectangles and anchor markers. Default [255, 0, 0]."""
 g_pygameControl_BorderColor: pygame.Color
-"""Colour of focus borders and edit rectangles."""
+"""Colour of focus borders and edit rectangles. Default (255, 0, 255, 255)."""
 g_pygameControl_CollColor: pygame.Color
-"""Colour of the outlines of collision rectangles."""
+"""Colour of the outlines of collision rectangles. Default (0, 255, 255, 255)."""
 g_EngineAPI: str
-"""Name of the drawing back end."""
+"""Name of the drawing back end. Default "Pygame"."""
 GUI_WINDOW_BGCOLOR: pygame.Color
-"""Border colour of new widgets."""
+"""Border colour of new widgets and background of new check and radio buttons. Default (128, 128,
+128, 128).
+"""
 
 def checkPtInRect(x: float, y: float, left: float, right: float, top: float, bottom: float) -> int:
-    """Return 1 if the point (x, y) lies within the four edges or on one of them, else 0."""
+    """Return 1 if the point (x, y) lies within the four edges or on one of them, else 0.
+
+    All numbers are in the same unit, such as pixels.
+    """
 
 def checkRectInRect(
     left1: float,
@@ -87,7 +151,8 @@ def checkRectInRect(
 ) -> int:
     """Return 1 if two rectangles, given by their edges, overlap or touch, else 0.
 
-    Despite the name neither has to contain the other.
+    Despite the name neither has to contain the other. All numbers are in the same unit, such as
+    pixels.
     """
 
 def checkRectCollision(
@@ -95,8 +160,8 @@ def checkRectCollision(
 ) -> bool:
     """Move `rect2` by (moveX, moveY) pixels and return whether it collides with `rect1`.
 
-    Both are pygame.Rect objects. `rect2` is changed in place and stays moved: pass a copy to
-    keep the original.
+    Both are pygame.Rect objects, AttributeError for others. `rect2` is changed in place and
+    stays moved: pass a copy to keep the original.
     """
 
 def tree_to_dict(tree: _ElementTree.Element) -> dict[str, Any]:
@@ -115,136 +180,175 @@ def read_rect(dict: Mapping[str, _T]) -> list[_T]:
     """
 
 def read_keyValue(dict: Mapping[_Key, _Value], key: _Key, defaultvalue: _T) -> _Value | _T:
-    """Return `dict[key]`, or `defaultvalue` if there is no such key."""
+    """Return `dict[key]`, or `defaultvalue` if there is no such key.
+
+    Raises TypeError for a key that cannot be hashed.
+    """
 
 @_disjoint_base
 class GameLayer:
     """A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.
 
-    pygame's font module must be initialised.
+    Each frame of a game calls update and then draw; input is handed to the methods On... .
+    pygame's font module must be initialised: pygame.error otherwise.
+
+    >>> layer = Tessora.GameLayer()
+    >>> number = layer.AddGameNode(Tessora.GUI_Image(None, 10, 20))
+    >>> layer.update(1 / 60)
+    >>> layer.draw(screen)
     """
 
     sceneInstance: Any
-    """the owning scene, or None"""
+    """The scene object that owns the layer, or None; OnLoad sets it. Default None."""
     NodeType: str
-    """kind of object, "GameLayer" """
+    """Kind of object. Default "GameLayer"."""
     LayerName: str | None
-    """name in the scene's event methods, or None"""
+    """Name of the layer, a part of the names of the scene's event methods, or None. Default None."""
     GameNodeDict: dict[int, GameNode]
-    """instance number to node"""
+    """Registered nodes by their instance numbers. Default {}."""
     SortGameNodeInstanceIDArray: list[int]
-    """instance numbers in draw order"""
+    """Instance numbers in draw order, the node at the bottom first. Default []."""
     GameNodeKeyArray: list[int]
-    """keys of the last walk"""
+    """Instance numbers that the last walk over the nodes visits. Default []."""
     AddGameNodeDict: dict[int, GameNode]
-    """nodes to be added"""
+    """Nodes by instance number that wait for the end of the next draw to be added. Default {}."""
     DelGameNodeArray: list[int]
-    """numbers to be removed"""
+    """Instance numbers of nodes that the end of the next update removes. Default []."""
     BindingEventArray: dict[str, list[Any]]
-    """named script events"""
+    """Script events: event name to [function name, function code]. Default {}."""
     PointArray: list[list[Any]]
-    """debug points"""
+    """Debug points, each [name, type, x, y] in pixels of the screen. Default []."""
     LineArray: list[list[Any]]
-    """debug lines"""
+    """Debug lines, each [name, type, x1, y1, x2, y2] in pixels of the screen. Default []."""
     RectArray: list[list[Any]]
-    """debug rectangles"""
+    """Debug rectangles, each [name, type, x1, y1, x2, y2] in pixels of the screen. Default []."""
     InnerBindingEventArray: dict[str, list[Any]]
-    """built-in events"""
+    """Built-in events ("Load", "Update", "Render", "Destroy", "PickDown", "PickUp", "PickTile"):
+    event name to [function name, function code]. Nothing is bound at first.
+    """
     UserFunctionDict: dict[Any, Any]
-    """free for scripts"""
+    """Free for scripts. Default {}."""
     instanceID: int
-    """the next instance number"""
+    """Instance number that the next node gets. Default 0."""
     visible: bool
-    """whether the layer updates, draws, takes input"""
+    """Whether the layer updates, draws and takes input. Default True."""
     scrollType: int
-    """0 none, 1 left, 2 right, 3 up, 4 down"""
+    """Direction of the automatic scroll: 0 none, 1 left, 2 right, 3 up, 4 down. Default 0."""
     scrollSpeed: float
-    """scroll speed, pixels per second"""
+    """Speed of the automatic scroll in pixels per second. Default 0."""
     scrollPosX: float
-    """horizontal scroll offset, pixels"""
+    """Horizontal scroll offset in pixels, with which the nodes are drawn. Default 0."""
     scrollPosY: float
-    """vertical scroll offset, pixels"""
+    """Vertical scroll offset in pixels, with which the nodes are drawn. Default 0."""
     font: pygame.font.Font
-    """font of the labels of debug points"""
+    """Font of the labels of debug points, at first Arial of 18 pixels."""
 
     def __init__(self) -> None: ...
     def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the owning scene, or None"""
+        """Return `sceneInstance`: the scene object that owns the layer, or None; OnLoad sets it."""
 
     def GetNodeType(self) -> str:
-        """Return `NodeType`: kind of object, "GameLayer" """
+        """Return `NodeType`: kind of object."""
 
     def GetLayerName(self) -> str | None:
-        """Return `LayerName`: name in the scene's event methods, or None"""
+        """Return `LayerName`: name of the layer, a part of the names of the scene's event methods,
+        or None.
+        """
 
     def SetLayerName(self, name: str | None) -> None:
-        """Set `LayerName`: name in the scene's event methods, or None"""
+        """Set `LayerName`: name of the layer, a part of the names of the scene's event methods, or
+        None.
+        """
 
     def GetAllGameNode(self) -> dict[int, GameNode]:
-        """Return `GameNodeDict`: instance number to node"""
+        """Return `GameNodeDict`: registered nodes by their instance numbers."""
 
     def GetPointArray(self) -> list[list[Any]]:
-        """Return `PointArray`: debug points"""
+        """Return `PointArray`: debug points, each [name, type, x, y] in pixels of the screen."""
 
     def GetLineArray(self) -> list[list[Any]]:
-        """Return `LineArray`: debug lines"""
+        """Return `LineArray`: debug lines, each [name, type, x1, y1, x2, y2] in pixels of the
+        screen.
+        """
 
     def GetRectArray(self) -> list[list[Any]]:
-        """Return `RectArray`: debug rectangles"""
+        """Return `RectArray`: debug rectangles, each [name, type, x1, y1, x2, y2] in pixels of the
+        screen.
+        """
 
     def IsVisible(self) -> bool:
-        """Return `visible`: whether the layer updates, draws, takes input"""
+        """Return `visible`: whether the layer updates, draws and takes input."""
 
     def SetVisible(self, v: bool) -> None:
-        """Set `visible`: whether the layer updates, draws, takes input"""
+        """Set `visible`: whether the layer updates, draws and takes input."""
 
     def GetAutoScroll(self) -> tuple[int, float]:
-        """Return `scrollType` and `scrollSpeed`."""
+        """Return `scrollType` and `scrollSpeed`.
+
+        `scrollType`: direction of the automatic scroll: 0 none, 1 left, 2 right, 3 up, 4 down.
+
+        `scrollSpeed`: speed of the automatic scroll in pixels per second.
+        """
 
     def SetAutoScroll(self, scrollType: int, scrollSpeed: float) -> None:
-        """Set `scrollType` and `scrollSpeed`."""
+        """Set `scrollType` and `scrollSpeed`.
+
+        `scrollType`: direction of the automatic scroll: 0 none, 1 left, 2 right, 3 up, 4 down.
+
+        `scrollSpeed`: speed of the automatic scroll in pixels per second.
+        """
 
     def AddGameNode(self, GameNode: GameNode, immMode: bool = True) -> int:
         """Register a node and return its instance number.
 
         With `immMode` true the node is in the layer at once, otherwise from the end of the next
-        draw.
+        draw. Raises AttributeError for what is no node.
         """
 
     def GetGameNode(self, instanceID: int) -> GameNode | None:
-        """Return the node of that number, or None."""
+        """Return the node of that instance number, or None."""
 
     def ExistGameNode(self, instanceID: int) -> bool:
-        """Return whether a node has that number."""
+        """Return whether a node has that instance number."""
 
     def GetGameNodeCount(self) -> int:
         """Return the number of registered nodes."""
 
     def DelGameNode(self, instanceID: int) -> None:
-        """Queue a node and its registered descendants for removal at the end of the next update."""
+        """Queue a node and its registered descendants for removal at the end of the next update.
+
+        An unknown instance number is ignored.
+        """
 
     def CleanUpGameNode(self) -> None:
-        """Queue every node for removal."""
+        """Queue every node for removal at the end of the next update."""
 
     def LayerUpGameNode(self, instanceID: int) -> None:
-        """Draw the node one step later, so higher."""
+        """Draw the node of that instance number one step later, so higher.
+
+        Unknown numbers and the topmost node are ignored.
+        """
 
     def LayerDownGameNode(self, instanceID: int) -> None:
-        """Draw the node one step earlier, so lower."""
+        """Draw the node of that instance number one step earlier, so lower.
+
+        Unknown numbers and the lowest node are ignored.
+        """
 
     def CheckAllGameNode(self) -> bool:
-        """Return whether every node has its number and stands once in the draw order."""
+        """Return whether every node has its instance number and stands once in the draw order."""
 
     def OnLoad(self, scene: Any) -> None:
         """Store the scene and tell it to every registered node."""
 
     def OnDestroy(self) -> None:
-        """Destroy every registered node and forget them."""
+        """Destroy every registered node and forget them; nodes that wait to be added stay."""
 
     def update(self, delay: float) -> None:
         """Advance the layer by `delay` seconds: scroll, update the nodes, remove queued ones.
 
-        A hidden layer does nothing.
+        A hidden layer does nothing. The automatic scroll asks the scene for GetSceneSize(),
+        (width, height) in pixels: AttributeError if it has none.
         """
 
     def draw(self, screen: pygame.Surface) -> None:
@@ -253,30 +357,35 @@ class GameLayer:
         """
 
     def OnPickDownFunction(self, x: float, y: float) -> None:
-        """Offer a press (screen pixels) to every node."""
+        """Offer a press at `x`, `y` (pixels of the screen) to every node; none of them stops it."""
 
     def OnPickUpFunction(self, x: float, y: float) -> None:
-        """Offer a release (screen pixels) to every node."""
+        """Offer a release at `x`, `y` (pixels of the screen) to every node; none of them stops it."""
 
     def OnKeyDownFunction(self, key: Hashable) -> None:
-        """Offer a pressed key to every node."""
+        """Offer a pressed key to every node.
+
+        `key` is what the scripts name keys by; edits know the names of pygame.key.name().
+        """
 
     def OnKeyUpFunction(self, key: Hashable) -> None:
-        """Offer a released key to every node."""
+        """Offer a released key to every node; `key` is as for OnKeyDownFunction."""
 
     def OnEditRectDraging(self, x: float, y: float) -> None:
-        """Tell the pointer's position to every node, of which one may be dragged."""
+        """Tell the pointer's position (pixels of the screen) to every node, of which one may be
+        dragged.
+        """
 
     def checkCollision(self, gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool:
-        """Return whether `gameNode`, moved by so many pixels, hits another node whose
+        """Return whether `gameNode`, moved by `moveX` and `moveY` pixels, hits another node whose
         `collisionType` is not -1, or a tile map.
         """
 
     def checkEventRectCollision(
         self, objrect: _RectValue, moveX: float = 0, moveY: float = 0
     ) -> bool:
-        """Return whether the moved rectangle hits a node whose `collisionType` is not -1, or a
-        tile map.
+        """Return whether `objrect`, moved by `moveX` and `moveY` pixels, hits a node whose
+        `collisionType` is not -1, or a tile map.
         """
 
     def CallEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
@@ -288,333 +397,432 @@ class GameLayer:
         """
 
     def CallInnerEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
-        """Call the scene's method that is bound to a built-in event, as CallEvent does."""
+        """Call the scene's method that is bound to a built-in event; arguments and result are
+        those of CallEvent.
+        """
 
     def AddPoint(self, pointName: str, pointType: Any, px: float, py: float) -> None:
-        """Add a debug point at screen pixels `px`, `py`."""
+        """Add a debug point at `px`, `py`, in pixels of the screen.
+
+        Its coordinates are written beside it; name and type are kept for scripts.
+        """
 
     def AddLine(
         self, lineName: str, lineType: Any, x1: float, y1: float, x2: float, y2: float
     ) -> None:
-        """Add a debug line between two points, screen pixels."""
+        """Add a debug line between two points, in pixels of the screen.
+
+        Name and type are kept for scripts.
+        """
 
     def AddRect(
         self, rectName: str, rectType: Any, x1: float, y1: float, x2: float, y2: float
     ) -> None:
-        """Add a debug rectangle with two opposite corners, screen pixels."""
+        """Add a debug rectangle with two opposite corners, in pixels of the screen.
+
+        Name and type are kept for scripts.
+        """
 
     def DelPoint(self, index: int) -> None:
-        """Remove the one at that position; positions out of range are ignored."""
+        """Remove the one at position `index`, counted from 0; others are ignored."""
 
     def DelLine(self, index: int) -> None:
-        """Remove the one at that position; positions out of range are ignored."""
+        """Remove the one at position `index`, counted from 0; others are ignored."""
 
     def DelRect(self, index: int) -> None:
-        """Remove the one at that position; positions out of range are ignored."""
+        """Remove the one at position `index`, counted from 0; others are ignored."""
 
     def SetBindingEvent(self, eventName: str, functionName: str | None, functionCode: Any) -> None:
-        """Bind the event to the scene's method that is named after `functionName`.
+        """Bind the event to the scene's method that is named after `functionName`; None unbinds
+        it.
 
-        `functionCode` is kept beside it for editors.
+        The entry in `BindingEventArray` becomes [functionName, functionCode]; the code is for
+        editors.
         """
 
     def GetBindingEvent(self, eventName: str) -> list[Any]:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `BindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelBindingEvent(self, eventName: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `BindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpBindingEvent(self) -> None:
-        """Empty the table in place."""
+        """Empty `BindingEventArray` in place."""
 
     def GetBindingEventArray(self) -> dict[str, list[Any]]:
-        """Return the table itself."""
+        """Return `BindingEventArray`, the dictionary itself and no copy."""
 
     def SetInnerBindingEvent(
         self, eventName: str, functionName: str | None, functionCode: Any
     ) -> None:
-        """Bind the event to the scene's method that is named after `functionName`.
+        """Bind the event to the scene's method that is named after `functionName`; None unbinds
+        it.
 
-        `functionCode` is kept beside it for editors.
+        The entry in `InnerBindingEventArray` becomes [functionName, functionCode]; the code is
+        for editors.
         """
 
     def GetInnerBindingEvent(self, eventName: str) -> list[Any]:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `InnerBindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelInnerBindingEvent(self, eventName: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `InnerBindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpInnerBindingEvent(self) -> None:
-        """Empty the table in place."""
+        """Empty `InnerBindingEventArray` in place."""
 
     def GetInnerBindingEventArray(self) -> dict[str, list[Any]]:
-        """Return the table itself."""
+        """Return `InnerBindingEventArray`, the dictionary itself and no copy."""
 
 @_disjoint_base
 class GameNode:
     """A placed object of the scene: position, scale, angle, size, children, events.
 
-    `parent` is the owning node or None, `x` and `y` place the anchor relative to the parent's
-    top-left corner, in pixels.
+    `parent` is the owning node or None; a node without one is given to a layer. `x` and `y`
+    place the anchor relative to the parent's top-left corner, in pixels, `y` downwards. A node
+    of this class shows nothing itself. Raises AttributeError for a parent that is no node.
+
+    >>> parent = Tessora.GameNode(None, 100, 50)
+    >>> Tessora.GameNode(parent, 10, 20).GetWXY()
+    (110.0, 70.0)
     """
 
     NodeType: str
-    """kind of node, "GameNode" here"""
+    """Kind of node; every class of nodes has its own. Default "GameNode"."""
     sceneInstance: Any
-    """the scene object, or None"""
+    """The scene object, or None; OnLoad sets it. Default None."""
     parent: GameNode | None
-    """the owning node, or None"""
+    """The owning node, or None."""
     children: list[GameNode]
-    """child nodes, the first drawn first"""
+    """Child nodes in draw order, the first drawn first. Default []."""
     sortIndex: int
-    """place in the parent's children"""
+    """Place among the parent's children, counted from 0. Default 0."""
     KeyDownFunctionDict: dict[Any, Callable[[], Any]]
-    """key to press callback"""
+    """Functions to call without arguments when a key is pressed, by the key's name. Default {}."""
     KeyUpFunctionDict: dict[Any, Callable[[], Any]]
-    """key to release callback"""
+    """Functions to call without arguments when a key is released, by the key's name. Default {}."""
     BindingVarArray: dict[str, Any]
-    """named script variables"""
+    """Variables of scripts: name to value. Default {}."""
     BindingEventArray: dict[str, list[Any]]
-    """named script events"""
+    """Script events: event name to [function name, function code]. Default {}."""
     BindingPointArray: dict[str, tuple[Any, float, float]]
-    """named attachment points"""
+    """Attachment points: point name to (type, x, y). Default {}."""
     InnerBindingEventArray: dict[str, list[Any]]
-    """built-in events"""
+    """Built-in events ("Load", "Update", "Render", "Destroy", "PickDown", "PickUp"): event name to
+    [function name, parameter names, extra list], or [function name, function code] once bound.
+    Nothing is bound at first.
+    """
     PickDownFunction: Callable[[Self], Any] | None
-    """called with the node when it is pressed, or None"""
+    """Called with the node when it is pressed, or None. Default None."""
     Enable_PickDown: bool
-    """whether presses are taken"""
+    """Whether the node itself takes presses; children take theirs in any case. Default True."""
     PickUpFunction: Callable[[Self], Any] | None
-    """called with the node on a release over it, or None"""
+    """Called with the node on a release over it, or None. Default None."""
     Enable_PickUp: bool
-    """whether releases are taken"""
+    """Whether the node itself takes releases; children take theirs in any case. Default True."""
     UpdateFunction: Callable[[float], Any] | None
-    """called with the delay on every update, or None"""
+    """Called on every update with the seconds since the last one, or None. Default None."""
     x: float
-    """left position of the anchor in the parent, pixels"""
+    """Horizontal place of the anchor, in pixels from the parent's left edge."""
     y: float
-    """top position of the anchor in the parent, pixels"""
+    """Vertical place of the anchor, in pixels down from the parent's top edge."""
     sx: float
-    """horizontal scale factor"""
+    """Horizontal scale factor; it multiplies down the tree. Default 1.0."""
     sy: float
-    """vertical scale factor"""
+    """Vertical scale factor; it multiplies down the tree. Default 1.0."""
     angle: float
-    """rotation in degrees, counter-clockwise"""
+    """Rotation in degrees, counter-clockwise; it adds up down the tree. Default 0.0."""
     width: float
-    """unscaled width, pixels"""
+    """Width in pixels before scaling. Default 0."""
     height: float
-    """unscaled height, pixels"""
+    """Height in pixels before scaling. Default 0."""
     anchorx: float
-    """anchor as a fraction of the width"""
+    """Anchor as a fraction of the width: 0 is the left edge, 1 the right one. Default 0.0."""
     anchory: float
-    """anchor as a fraction of the height"""
+    """Anchor as a fraction of the height: 0 is the top edge, 1 the bottom one. Default 0.0."""
     instanceID: int
-    """number in the layer, -1 for none"""
+    """Instance number in the layer, -1 for none. Default -1."""
     visible: bool
-    """whether the subtree is drawn and can be hit"""
+    """Whether the node and its subtree are drawn and can be hit; hidden nodes are updated. Default
+    True.
+    """
     ActionPlayer: _ActionPlayer | None
-    """player of the node's actions, or None"""
+    """Player of the node's actions, None before the first RunAction. Default None."""
     rectvisible: bool
-    """draw the size rectangle"""
+    """Whether the drawn rectangle is outlined. Default False."""
     anchorvisible: bool
-    """draw the anchor marker"""
+    """Whether the anchor is marked. Default False."""
     lock_xysa: bool
-    """freeze the cached world values"""
+    """Whether the cached world values (`WX`, `WY`, `WSX`, `WSY`, `WAngle`) stay as they are.
+    Default False.
+    """
     WSX: float
-    """cached horizontal world scale"""
+    """Horizontal world scale factor as of the last draw. Default 1.0."""
     WSY: float
-    """cached vertical world scale"""
+    """Vertical world scale factor as of the last draw. Default 1.0."""
     WAngle: float
-    """cached world rotation, degrees"""
+    """World rotation in degrees as of the last draw. Default 0.0."""
     WX: float
-    """cached left edge on the screen, pixels"""
+    """Left edge in pixels of the screen as of the last draw. Default 0.0."""
     WY: float
-    """cached top edge on the screen, pixels"""
+    """Top edge in pixels of the screen as of the last draw. Default 0.0."""
     clicked: bool
-    """pressed at the moment"""
+    """Whether the node is being pressed. Default False."""
     CheckPickDownChild: bool
-    """whether a press or release that a child takes is answered with the child; if false, with the
-    node itself
+    """Whether a press or release that a child takes is answered with the child; if false, with the
+    node itself. Default True.
     """
     collisionType: int
-    """kind of collision shape, -1 for none"""
+    """Kind of collision shape, -1 for none. Default -1."""
     collisionInfo: Any
-    """data of the collision shape"""
+    """Data of the collision shape; see TiledMap.SetTileObject for nodes on tiles. Default None."""
     editrectenable: bool
-    """edit rectangle can be dragged"""
+    """Whether the edit rectangle can be dragged with the pointer. Default False."""
     editrectvisible: bool
-    """edit rectangle is drawn"""
+    """Whether the edit rectangle is drawn. Default False."""
     dragcornerindex: int
-    """handle being dragged, negative for none"""
+    """Handle of the edit rectangle that is being dragged, 0 to 8; negative for none. Default -2."""
     dragbegin_x: float
-    """x of the pointer where a drag began, pixels"""
+    """Horizontal position of the pointer where the last drag began, in pixels of the screen.
+    Default -1.
+    """
     dragbegin_y: float
-    """y of the pointer where a drag began, pixels"""
+    """Vertical position of the pointer where the last drag began, in pixels of the screen. Default
+    -1.
+    """
     focusIn: bool
-    """has the keyboard focus"""
+    """Whether the node has the keyboard focus. Default False."""
     userData: Any
-    """free for scripts"""
+    """Free for scripts. Default None."""
 
     def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
     def GetNodeType(self) -> str:
-        """Return `NodeType`: kind of node, "GameNode" here"""
+        """Return `NodeType`: kind of node; every class of nodes has its own."""
 
     def GetSceneInstance(self) -> Any:
-        """Return `sceneInstance`: the scene object, or None"""
+        """Return `sceneInstance`: the scene object, or None; OnLoad sets it."""
 
     def GetParent(self) -> GameNode | None:
-        """Return `parent`: the owning node, or None"""
+        """Return `parent`: the owning node, or None."""
 
     def GetSortIndex(self) -> int:
-        """Return `sortIndex`: place in the parent's children"""
+        """Return `sortIndex`: place among the parent's children, counted from 0."""
 
     def SetSortIndex(self, i: int) -> None:
-        """Set `sortIndex`: place in the parent's children"""
+        """Set `sortIndex`: place among the parent's children, counted from 0."""
 
     def SetPickDownFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickDownFunction`: called with the node when it is pressed, or None"""
+        """Set `PickDownFunction`: called with the node when it is pressed, or None."""
 
     def EnablePickDownEvent(self, v: bool) -> None:
-        """Set `Enable_PickDown`: whether presses are taken"""
+        """Set `Enable_PickDown`: whether the node itself takes presses; children take theirs in
+        any case.
+        """
 
     def SetPickUpFunction(self, f: Callable[[Self], Any] | None) -> None:
-        """Set `PickUpFunction`: called with the node on a release over it, or None"""
+        """Set `PickUpFunction`: called with the node on a release over it, or None."""
 
     def EnablePickUpEvent(self, v: bool) -> None:
-        """Set `Enable_PickUp`: whether releases are taken"""
+        """Set `Enable_PickUp`: whether the node itself takes releases; children take theirs in any
+        case.
+        """
 
     def SetUpdateFunction(self, f: Callable[[float], Any] | None) -> None:
-        """Set `UpdateFunction`: called with the delay on every update, or None"""
+        """Set `UpdateFunction`: called on every update with the seconds since the last one, or
+        None.
+        """
 
     def GetX(self) -> float:
-        """Return `x`: left position of the anchor in the parent, pixels"""
+        """Return `x`: horizontal place of the anchor, in pixels from the parent's left edge."""
 
     def SetX(self, x: float) -> None:
-        """Set `x`: left position of the anchor in the parent, pixels"""
+        """Set `x`: horizontal place of the anchor, in pixels from the parent's left edge."""
 
     def GetY(self) -> float:
-        """Return `y`: top position of the anchor in the parent, pixels"""
+        """Return `y`: vertical place of the anchor, in pixels down from the parent's top edge."""
 
     def SetY(self, y: float) -> None:
-        """Set `y`: top position of the anchor in the parent, pixels"""
+        """Set `y`: vertical place of the anchor, in pixels down from the parent's top edge."""
 
     def GetXY(self) -> tuple[float, float]:
-        """Return `x` and `y`."""
+        """Return `x` and `y`.
+
+        `x`: horizontal place of the anchor, in pixels from the parent's left edge.
+
+        `y`: vertical place of the anchor, in pixels down from the parent's top edge.
+        """
 
     def SetXY(self, x: float, y: float) -> None:
-        """Set `x` and `y`."""
+        """Set `x` and `y`.
+
+        `x`: horizontal place of the anchor, in pixels from the parent's left edge.
+
+        `y`: vertical place of the anchor, in pixels down from the parent's top edge.
+        """
 
     def GetSX(self) -> float:
-        """Return `sx`: horizontal scale factor"""
+        """Return `sx`: horizontal scale factor; it multiplies down the tree."""
 
     def SetSX(self, sx: float) -> None:
-        """Set `sx`: horizontal scale factor"""
+        """Set `sx`: horizontal scale factor; it multiplies down the tree."""
 
     def GetSY(self) -> float:
-        """Return `sy`: vertical scale factor"""
+        """Return `sy`: vertical scale factor; it multiplies down the tree."""
 
     def SetSY(self, sy: float) -> None:
-        """Set `sy`: vertical scale factor"""
+        """Set `sy`: vertical scale factor; it multiplies down the tree."""
 
     def GetSXY(self) -> tuple[float, float]:
-        """Return `sx` and `sy`."""
+        """Return `sx` and `sy`.
+
+        `sx`: horizontal scale factor; it multiplies down the tree.
+
+        `sy`: vertical scale factor; it multiplies down the tree.
+        """
 
     def SetSXY(self, sx: float, sy: float) -> None:
-        """Set `sx` and `sy`."""
+        """Set `sx` and `sy`.
+
+        `sx`: horizontal scale factor; it multiplies down the tree.
+
+        `sy`: vertical scale factor; it multiplies down the tree.
+        """
 
     def GetAngle(self) -> float:
-        """Return `angle`: rotation in degrees, counter-clockwise"""
+        """Return `angle`: rotation in degrees, counter-clockwise; it adds up down the tree."""
 
     def SetAngle(self, angle: float) -> None:
-        """Set `angle`: rotation in degrees, counter-clockwise"""
+        """Set `angle`: rotation in degrees, counter-clockwise; it adds up down the tree."""
 
     def GetWidth(self) -> float:
-        """Return `width`: unscaled width, pixels"""
+        """Return `width`: width in pixels before scaling."""
 
     def SetWidth(self, w: float) -> None:
-        """Set `width`: unscaled width, pixels"""
+        """Set `width`: width in pixels before scaling."""
 
     def GetHeight(self) -> float:
-        """Return `height`: unscaled height, pixels"""
+        """Return `height`: height in pixels before scaling."""
 
     def SetHeight(self, h: float) -> None:
-        """Set `height`: unscaled height, pixels"""
+        """Set `height`: height in pixels before scaling."""
 
     def GetAX(self) -> float:
-        """Return `anchorx`: anchor as a fraction of the width"""
+        """Return `anchorx`: anchor as a fraction of the width: 0 is the left edge, 1 the right
+        one.
+        """
 
     def SetAX(self, ax: float) -> None:
-        """Set `anchorx`: anchor as a fraction of the width"""
+        """Set `anchorx`: anchor as a fraction of the width: 0 is the left edge, 1 the right one."""
 
     def GetAY(self) -> float:
-        """Return `anchory`: anchor as a fraction of the height"""
+        """Return `anchory`: anchor as a fraction of the height: 0 is the top edge, 1 the bottom
+        one.
+        """
 
     def SetAY(self, ay: float) -> None:
-        """Set `anchory`: anchor as a fraction of the height"""
+        """Set `anchory`: anchor as a fraction of the height: 0 is the top edge, 1 the bottom one."""
 
     def GetAXY(self) -> tuple[float, float]:
-        """Return `anchorx` and `anchory`."""
+        """Return `anchorx` and `anchory`.
+
+        `anchorx`: anchor as a fraction of the width: 0 is the left edge, 1 the right one.
+
+        `anchory`: anchor as a fraction of the height: 0 is the top edge, 1 the bottom one.
+        """
 
     def SetAXY(self, ax: float, ay: float) -> None:
-        """Set `anchorx` and `anchory`."""
+        """Set `anchorx` and `anchory`.
+
+        `anchorx`: anchor as a fraction of the width: 0 is the left edge, 1 the right one.
+
+        `anchory`: anchor as a fraction of the height: 0 is the top edge, 1 the bottom one.
+        """
 
     def GetInstanceID(self) -> int:
-        """Return `instanceID`: number in the layer, -1 for none"""
+        """Return `instanceID`: instance number in the layer, -1 for none."""
 
     def SetInstanceID(self, i: int) -> None:
-        """Set `instanceID`: number in the layer, -1 for none"""
+        """Set `instanceID`: instance number in the layer, -1 for none."""
 
     def IsVisible(self) -> bool:
-        """Return `visible`: whether the subtree is drawn and can be hit"""
+        """Return `visible`: whether the node and its subtree are drawn and can be hit; hidden
+        nodes are updated.
+        """
 
     def SetVisible(self, v: bool) -> None:
-        """Set `visible`: whether the subtree is drawn and can be hit"""
+        """Set `visible`: whether the node and its subtree are drawn and can be hit; hidden nodes
+        are updated.
+        """
 
     def IsSizeRectVisible(self) -> bool:
-        """Return `rectvisible`: draw the size rectangle"""
+        """Return `rectvisible`: whether the drawn rectangle is outlined."""
 
     def SetSizeRectVisible(self, v: bool) -> None:
-        """Set `rectvisible`: draw the size rectangle"""
+        """Set `rectvisible`: whether the drawn rectangle is outlined."""
 
     def IsAnchorVisible(self) -> bool:
-        """Return `anchorvisible`: draw the anchor marker"""
+        """Return `anchorvisible`: whether the anchor is marked."""
 
     def SetAnchorVisible(self, v: bool) -> None:
-        """Set `anchorvisible`: draw the anchor marker"""
+        """Set `anchorvisible`: whether the anchor is marked."""
 
     def GetCheckPickDownChild(self) -> bool:
         """Return `CheckPickDownChild`: whether a press or release that a child takes is answered
-        with the child; if false, with the node itself
+        with the child; if false, with the node itself.
         """
 
     def SetCheckPickDownChild(self, v: bool) -> None:
         """Set `CheckPickDownChild`: whether a press or release that a child takes is answered with
-        the child; if false, with the node itself
+        the child; if false, with the node itself.
         """
 
     def GetCollision(self) -> tuple[int, Any]:
-        """Return `collisionType` and `collisionInfo`."""
+        """Return `collisionType` and `collisionInfo`.
+
+        `collisionType`: kind of collision shape, -1 for none.
+
+        `collisionInfo`: data of the collision shape; see TiledMap.SetTileObject for nodes on
+        tiles.
+        """
 
     def SetCollision(self, type: int, info: Any) -> None:
-        """Set `collisionType` and `collisionInfo`."""
+        """Set `collisionType` and `collisionInfo`.
+
+        `collisionType`: kind of collision shape, -1 for none.
+
+        `collisionInfo`: data of the collision shape; see TiledMap.SetTileObject for nodes on
+        tiles.
+        """
 
     def SetEditRectEnable(self, v: bool) -> None:
-        """Set `editrectenable`: edit rectangle can be dragged"""
+        """Set `editrectenable`: whether the edit rectangle can be dragged with the pointer."""
 
     def SetEditRectVisible(self, v: bool) -> None:
-        """Set `editrectvisible`: edit rectangle is drawn"""
+        """Set `editrectvisible`: whether the edit rectangle is drawn."""
 
     def IsFocusIn(self) -> bool:
-        """Return `focusIn`: has the keyboard focus"""
+        """Return `focusIn`: whether the node has the keyboard focus."""
 
     def SetFocusIn(self, v: bool) -> None:
-        """Set `focusIn`: has the keyboard focus"""
+        """Set `focusIn`: whether the node has the keyboard focus."""
 
     def GetUserData(self) -> Any:
-        """Return `userData`: free for scripts"""
+        """Return `userData`: free for scripts."""
 
     def SetUserData(self, d: Any) -> None:
-        """Set `userData`: free for scripts"""
+        """Set `userData`: free for scripts."""
 
     def AddChild(self, child: GameNode) -> None:
         """Append `child` to the children and give it its place as sort index.
@@ -669,86 +877,102 @@ class GameNode:
         """Return `value` limited to the range from `min` to `max`."""
 
     def GetAXW(self) -> float:
-        """Return the anchor's offset from the left, unscaled pixels."""
+        """Return the anchor's distance from the left edge, in unscaled pixels."""
 
     def GetAYH(self) -> float:
-        """Return the anchor's offset from the top, unscaled pixels."""
+        """Return the anchor's distance from the top edge, in unscaled pixels."""
 
     def GetPAXW(self) -> float:
-        """Return the parent's GetAXW(), or 0.0 without one."""
+        """Return the parent's GetAXW() in pixels, or 0.0 without a parent."""
 
     def GetPAYH(self) -> float:
-        """Return the parent's GetAYH(), or 0.0 without one."""
+        """Return the parent's GetAYH() in pixels, or 0.0 without a parent."""
 
     def GetWX(self) -> float:
-        """Return the world position of the left edge, without the camera; the cached `WX` while
-        `lock_xysa` is true.
+        """Return the world position of the left edge in pixels, without the camera; the cached
+        `WX` while `lock_xysa` is true.
         """
 
     def GetWY(self) -> float:
-        """Return the world position of the top edge, without the camera; the cached `WY` while
-        `lock_xysa` is true.
+        """Return the world position of the top edge in pixels, without the camera; the cached `WY`
+        while `lock_xysa` is true.
         """
 
     def GetWXY(self) -> tuple[float, float]:
-        """Return the pair GetWX(), GetWY()."""
+        """Return the pair GetWX(), GetWY(), in pixels."""
 
     def GetWPX(self) -> float:
-        """Return the parent's GetWX(), or 0.0 without one."""
+        """Return the parent's GetWX() in pixels, or 0.0 without a parent."""
 
     def GetWPY(self) -> float:
-        """Return the parent's GetWY(), or 0.0 without one."""
+        """Return the parent's GetWY() in pixels, or 0.0 without a parent."""
 
     def GetWPXY(self) -> tuple[float, float]:
-        """Return the pair GetWPX(), GetWPY()."""
+        """Return the pair GetWPX(), GetWPY(), in pixels."""
 
     def GetWSX(self) -> float:
-        """Return the horizontal world scale: the product down the tree."""
+        """Return the horizontal world scale factor, the product down the tree; the cached `WSX`
+        while `lock_xysa` is true.
+        """
 
     def GetWSY(self) -> float:
-        """Return the vertical world scale: the product down the tree."""
+        """Return the vertical world scale factor, the product down the tree; the cached `WSY`
+        while `lock_xysa` is true.
+        """
 
     def GetWSXY(self) -> tuple[float, float]:
-        """Return the pair GetWSX(), GetWSY()."""
+        """Return the pair GetWSX(), GetWSY(), scale factors."""
 
     def GetWPSX(self) -> float:
-        """Return the parent's GetWSX(), or 1.0 without one."""
+        """Return the parent's GetWSX(), or 1.0 without a parent."""
 
     def GetWPSY(self) -> float:
-        """Return the parent's GetWSY(), or 1.0 without one."""
+        """Return the parent's GetWSY(), or 1.0 without a parent."""
 
     def GetWPSXY(self) -> tuple[float, float]:
-        """Return the pair GetWPSX(), GetWPSY()."""
+        """Return the pair GetWPSX(), GetWPSY(), scale factors."""
 
     def GetWAngle(self) -> float:
-        """Return the world angle in degrees: the sum down the tree."""
+        """Return the world angle in degrees, the sum down the tree; the cached `WAngle` while
+        `lock_xysa` is true.
+        """
 
     def GetWPAngle(self) -> float:
-        """Return the parent's GetWAngle(), or 0.0 without one."""
+        """Return the parent's GetWAngle() in degrees, or 0.0 without a parent."""
 
     def GetCenterX(self) -> float:
-        """Return the world position of the anchor, x."""
+        """Return the horizontal world position of the anchor, despite the name, in pixels."""
 
     def GetCenterY(self) -> float:
-        """Return the world position of the anchor, y."""
+        """Return the vertical world position of the anchor, despite the name, in pixels."""
 
     def GetCenterXY(self) -> tuple[float, float]:
-        """Return the pair GetCenterX(), GetCenterY()."""
+        """Return the pair GetCenterX(), GetCenterY(), in pixels."""
 
     def GetLeft(self) -> float:
-        """Return the smallest left edge in the subtree."""
+        """Return the smallest left edge in the subtree, in pixels of the screen as of the last
+        draw.
+        """
 
     def GetTop(self) -> float:
-        """Return the smallest top edge in the subtree."""
+        """Return the smallest top edge in the subtree, in pixels of the screen as of the last
+        draw.
+        """
 
     def GetRight(self) -> float:
-        """Return the largest right edge in the subtree."""
+        """Return the largest right edge in the subtree, in pixels of the screen as of the last
+        draw.
+        """
 
     def GetBottom(self) -> float:
-        """Return the smallest bottom edge in the subtree."""
+        """Return the smallest bottom edge in the subtree, in pixels of the screen as of the last
+        draw.
+
+        Unlike GetRight it does not return the largest one.
+        """
 
     def GetSizeRect(self) -> pygame.Rect:
-        """Return a new pygame.Rect at GetWX(), GetWY() in the drawn size."""
+        """Return a new pygame.Rect at GetWX(), GetWY() in the size of the last draw, in pixels."""
 
     def draw_begin(self, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0) -> None:
         """Cache the world values for this frame, unless `lock_xysa` is true.
@@ -768,7 +992,10 @@ class GameNode:
     def draw_children(
         self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
     ) -> None:
-        """Draw the visible children in list order."""
+        """Draw the visible children in list order, so that the last one is on top.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
 
     def drawsize(self, screen: pygame.Surface) -> None:
         """Outline the drawn rectangle while `rectvisible` is true."""
@@ -781,13 +1008,17 @@ class GameNode:
     ) -> None:
         """Draw the node and its subtree into a surface of the script's.
 
-        The world values are cached for that camera until the next draw.
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera. The world values are cached
+        for that camera until the next draw.
         """
 
     def drawToSurface_children(
         self, surface: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
     ) -> None:
-        """Draw the visible children into a surface of the script's."""
+        """Draw the visible children into a surface of the script's.
+
+        `offsetX`, `offsetY` (pixels) and `scale` are the camera.
+        """
 
     def update(self, delay: float) -> None:
         """Advance the subtree by `delay` seconds: children first, then the running actions, then
@@ -802,22 +1033,34 @@ class GameNode:
         """
 
     def checkDragRect(self, x: float, y: float) -> int:
-        """Return the index of the edit rectangle's handle under the point, or -2.
+        """Return the index of the edit rectangle's handle under the point (pixels of the screen),
+        or -2.
 
         Handles are numbered row by row from 0 (left top) to 8 (right bottom).
         """
 
     def drawDragRect(self, screen: pygame.Surface, size: float, dragcornerindex: int) -> None:
-        """Draw the edit rectangle with handles of `size` pixels while `editrectvisible` is true."""
+        """Draw the edit rectangle with handles of `size` pixels while `editrectvisible` is true.
+
+        The handle `dragcornerindex` is drawn in another colour.
+        """
 
     def OnEditRectDraging(self, x: float, y: float) -> None:
-        """Move or resize the node with the handle being dragged; the pointer is at `x`, `y`."""
+        """Move or resize the node with the handle being dragged; the pointer is at `x`, `y` in
+        pixels of the screen.
+        """
 
     def SetKeyDownFunction(self, keyname: Hashable, function: Callable[[], Any]) -> None:
-        """Call `function` without arguments when the key is pressed."""
+        """Call `function` without arguments when the key is pressed.
+
+        `keyname` is what the script hands to the layer's OnKeyDownFunction.
+        """
 
     def SetKeyUpFunction(self, keyname: Hashable, function: Callable[[], Any]) -> None:
-        """Call `function` without arguments when the key is released."""
+        """Call `function` without arguments when the key is released.
+
+        `keyname` is what the script hands to the layer's OnKeyUpFunction.
+        """
 
     def OnPickDownFunction(self, x: float, y: float) -> GameNode | None:
         """Handle a press at screen position `x`, `y` in pixels.
@@ -828,95 +1071,130 @@ class GameNode:
         """
 
     def OnPickUpFunction(self, x: float, y: float) -> GameNode | None:
-        """Handle a release at screen position `x`, `y` in pixels.
+        """Handle a release at screen position `x`, `y` in pixels: end a press or drag of the node,
+        whatever the position, and offer the release to children as OnPickDownFunction does.
 
         Returns the node that took the release, or None.
         """
 
     def OnKeyDownFunction(self, key: Hashable) -> None:
-        """Run the callable registered for the pressed key."""
+        """Call the function registered for the pressed key; a key without one is ignored."""
 
     def OnKeyUpFunction(self, key: Hashable) -> None:
-        """Run the callable registered for the released key."""
+        """Call the function registered for the released key; a key without one is ignored."""
 
     def checkClick(self, px: float, py: float) -> bool:
-        """Return whether the node is visible and the point lies in its drawn rectangle."""
+        """Return whether the node is visible and the point (pixels of the screen) lies in its
+        drawn rectangle.
+        """
 
     def checkCollision(self, gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool:
-        """Return whether the size rectangles collide when the other node is moved, in pixels."""
+        """Return whether the size rectangles collide when the other node is moved by `moveX` and
+        `moveY` pixels; see GetSizeRect.
+        """
 
     def checkEventRectCollision(
         self, objrect: _RectValue, moveX: float = 0, moveY: float = 0
     ) -> bool:
-        """Return whether the size rectangle collides with a moved copy of `objrect`."""
+        """Return whether the size rectangle collides with a copy of `objrect` moved by `moveX` and
+        `moveY` pixels; see GetSizeRect.
+        """
 
     def SetBindingEvent(self, eventName: str, functionName: str | None, functionCode: Any) -> None:
-        """Bind the event to the scene's method that is named after `functionName`.
+        """Bind the event to the scene's method that is named after `functionName`; None unbinds
+        it.
 
-        `functionCode` is kept beside it for editors.
+        The entry in `BindingEventArray` becomes [functionName, functionCode]; the code is for
+        editors.
         """
 
     def GetBindingEvent(self, eventName: str) -> list[Any]:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `BindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelBindingEvent(self, eventName: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `BindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpBindingEvent(self) -> None:
-        """Empty the table in place."""
+        """Empty `BindingEventArray` in place."""
 
     def GetBindingEventArray(self) -> dict[str, list[Any]]:
-        """Return the table itself."""
+        """Return `BindingEventArray`, the dictionary itself and no copy."""
 
     def SetInnerBindingEvent(
         self, eventName: str, functionName: str | None, functionCode: Any
     ) -> None:
-        """Bind the event to the scene's method that is named after `functionName`.
+        """Bind the event to the scene's method that is named after `functionName`; None unbinds
+        it.
 
-        `functionCode` is kept beside it for editors.
+        The entry in `InnerBindingEventArray` becomes [functionName, functionCode]; the code is
+        for editors.
         """
 
     def GetInnerBindingEvent(self, eventName: str) -> list[Any]:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `InnerBindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelInnerBindingEvent(self, eventName: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `InnerBindingEventArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpInnerBindingEvent(self) -> None:
-        """Empty the table in place."""
+        """Empty `InnerBindingEventArray` in place."""
 
     def GetInnerBindingEventArray(self) -> dict[str, list[Any]]:
-        """Return the table itself."""
+        """Return `InnerBindingEventArray`, the dictionary itself and no copy."""
 
     def SetBindingPoint(self, pointName: str, posType: Any, x: float, y: float) -> None:
-        """Store the triple `posType`, `x`, `y` under the point's name."""
+        """Store the triple (`posType`, `x`, `y`) in `BindingPointArray` under the point's name."""
 
     def GetBindingPoint(self, pointName: str) -> tuple[Any, float, float]:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `BindingPointArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelBindingPoint(self, pointName: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `BindingPointArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpBindingPoint(self) -> None:
-        """Empty the table in place."""
+        """Empty `BindingPointArray` in place."""
 
     def GetBindingPointArray(self) -> dict[str, tuple[Any, float, float]]:
-        """Return the table itself."""
+        """Return `BindingPointArray`, the dictionary itself and no copy."""
 
     def SetBindingVar(self, varname: str, varvalue: Any) -> None:
-        """Store a value under the variable's name."""
+        """Store a value in `BindingVarArray` under the variable's name."""
 
     def GetBindingVar(self, varname: str) -> Any:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `BindingVarArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelBindingVar(self, varname: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `BindingVarArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpBindingVar(self) -> None:
-        """Empty the table in place."""
+        """Empty `BindingVarArray` in place."""
 
     def GetBindingVarArray(self) -> dict[str, Any]:
-        """Return the table itself."""
+        """Return `BindingVarArray`, the dictionary itself and no copy."""
 
     def CallEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
         """Call the scene's method "on_" + function name that is bound to the event.
@@ -926,16 +1204,18 @@ class GameNode:
         """
 
     def CallInnerEvent(self, eventName: str, params: Mapping[str, Any] | None = None) -> Any:
-        """Call the scene's method that is bound to a built-in event, as CallEvent does."""
+        """Call the scene's method that is bound to a built-in event; arguments and result are
+        those of CallEvent.
+        """
 
     @property
     def X(self) -> float:
-        """Position of the anchor, through GetX and SetX."""
+        """Horizontal place of the anchor in pixels, read by GetX and set by SetX."""
     @X.setter
     def X(self, value: float) -> None: ...
     @property
     def Y(self) -> float:
-        """Position of the anchor, through GetY and SetY."""
+        """Vertical place of the anchor in pixels, read by GetY and set by SetY."""
     @Y.setter
     def Y(self, value: float) -> None: ...
 
@@ -945,147 +1225,177 @@ class GUI_Image(GameNode):
 
     `x` and `y` place the anchor relative to the parent's top-left corner, in pixels. Without a
     picture it is a white box of 100 x 100 pixels.
+
+    >>> image = Tessora.GUI_Image(None, 10, 20)
+    >>> image.SetImage("hero.png")
+    hero.png load:1
+    >>> image.AutoImageSize(True)
     """
 
     bgColor: pygame.Color | None
-    """tint or background colour, or None"""
+    """Tint of the picture, or the background's colour without a picture; None for neither. Default
+    (255, 255, 255, 255).
+    """
     alpha: float
-    """opacity of the picture, 0 to 255"""
+    """Opacity of the picture, 0 to 255. Default 255."""
     image: pygame.Surface | None
-    """the current surface, or None"""
+    """The surface that is shown, or None. Default None."""
     imageArray: list[pygame.Surface | None] | None
-    """the frames, or None"""
+    """The frames, or None. Default None."""
     imageFrameRectArray: dict[str, pygame.Rect]
-    """frame name to its rectangle in the atlas"""
+    """Frames of the atlas: name to rectangle in the sheet, in pixels. Default {}."""
     imagefiles: _ImageFiles
-    """what SetImage was given"""
+    """What SetImage was given. Default None."""
     imageCount: int
-    """number of frames"""
+    """Number of frames. Default 0."""
     imageIndex: int
-    """frame of the animation"""
+    """Frame of the animation, counted from 0. Default 0."""
     imageDelay: float
-    """time towards the next frame, seconds"""
+    """Seconds that have gone towards the next frame. Default 0."""
     imageSwitchDelay: float
-    """time per frame, seconds"""
+    """Seconds that a frame lasts. Default 0.1."""
     imageAutoSwitch: bool
-    """frame animation on or off"""
+    """Whether the frame animation runs. Default False."""
     plistFile: str | None
-    """atlas that the frames came from, or None"""
+    """Atlas that the frames came from, or None. Default None."""
     currActionName: str | None
-    """current animation, or None"""
+    """Name of the current animation, or None. Default None."""
     originalImage: GUI_Image | None
-    """widget that is mirrored, or None"""
+    """Widget whose picture is mirrored, or None. Default None."""
     autosize: bool
-    """the size follows the picture"""
+    """Whether the size follows the picture. Default False."""
     blendtype: int
-    """blend flag of the picture's blit"""
+    """Flag with which the picture is blitted, as SetBlendType chooses it. Default
+    pygame.BLEND_MULT.
+    """
     borderwidth: int
-    """border thickness, pixels"""
+    """Thickness of the border in pixels. Default 2."""
     borderVisible: bool
-    """whether the border is drawn"""
+    """Whether the border is drawn. Default False."""
     borderColor: pygame.Color
-    """border colour of the solid style"""
+    """Colour of the border in the style "solid". Default `GUI_WINDOW_BGCOLOR`."""
     borderColor_LT: pygame.Color
-    """light edge of the relief"""
+    """Light edge of the relief, left and top in the style "raised". Default (218, 218, 218, 255)."""
     borderColor_RB: pygame.Color
-    """dark edge of the relief"""
+    """Dark edge of the relief, right and bottom in the style "raised". Default (64, 64, 64, 255)."""
     imageAnchor: str
-    """anchor keyword"""
+    """Keyword of the anchor, as SetImageAnchor takes it, in lower case. Default "wn"."""
     coll_visible: bool
-    """draw the collision rectangles"""
+    """Whether the collision rectangles are outlined. Default False."""
     coll_rectArray: dict[str, list[Any]]
-    """collision rectangles: name to a list"""
+    """Collision rectangles: name to a list of them, in unscaled pixels from the top-left corner.
+    Default {}.
+    """
     style: str | None
-    """ "flat", "raised", "sunken", "solid", "hollow" or None"""
+    """Style of the border: "flat", "raised", "sunken", "solid" or "hollow" (no background), or
+    None (no picture). Default "flat".
+    """
     enable: bool
-    """accepts input"""
+    """Whether the widget takes input. Default True."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetBGColor(self) -> pygame.Color | None:
-        """Return `bgColor`: tint or background colour, or None"""
+        """Return `bgColor`: tint of the picture, or the background's colour without a picture;
+        None for neither.
+        """
 
     def SetBGColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set `bgColor`: tint or background colour, or None; components from 0 to 255."""
+        """Set `bgColor`: tint of the picture, or the background's colour without a picture; None
+        for neither.
+
+        Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetImage(self) -> pygame.Surface | None:
-        """Return `image`: the current surface, or None"""
+        """Return `image`: the surface that is shown, or None."""
 
     def GetImageFiles(self) -> _ImageFiles:
-        """Return `imagefiles`: what SetImage was given"""
+        """Return `imagefiles`: what SetImage was given."""
 
     def GetImageCount(self) -> int:
-        """Return `imageCount`: number of frames"""
+        """Return `imageCount`: number of frames."""
 
     def GetSwitchImageDelay(self) -> float:
-        """Return `imageSwitchDelay`: time per frame, seconds"""
+        """Return `imageSwitchDelay`: seconds that a frame lasts."""
 
     def SetSwitchImageDelay(self, delay: float) -> None:
-        """Set `imageSwitchDelay`: time per frame, seconds"""
+        """Set `imageSwitchDelay`: seconds that a frame lasts."""
 
     def SetAutoSwitch(self, flag: bool) -> None:
-        """Set `imageAutoSwitch`: frame animation on or off"""
+        """Set `imageAutoSwitch`: whether the frame animation runs."""
 
     def GetPlistFile(self) -> str | None:
-        """Return `plistFile`: atlas that the frames came from, or None"""
+        """Return `plistFile`: atlas that the frames came from, or None."""
 
     def GetCurrActionName(self) -> str | None:
-        """Return `currActionName`: current animation, or None"""
+        """Return `currActionName`: name of the current animation, or None."""
 
     def GetOriginalImage(self) -> GUI_Image | None:
-        """Return `originalImage`: widget that is mirrored, or None"""
+        """Return `originalImage`: widget whose picture is mirrored, or None."""
 
     def IsAutoImageSize(self) -> bool:
-        """Return `autosize`: the size follows the picture"""
+        """Return `autosize`: whether the size follows the picture."""
 
     def GetBlendType(self) -> int:
-        """Return `blendtype`: blend flag of the picture's blit"""
+        """Return `blendtype`: flag with which the picture is blitted, as SetBlendType chooses it."""
 
     def GetBorderWidth(self) -> int:
-        """Return `borderwidth`: border thickness, pixels"""
+        """Return `borderwidth`: thickness of the border in pixels."""
 
     def SetBorderWidth(self, width: int) -> None:
-        """Set `borderwidth`: border thickness, pixels"""
+        """Set `borderwidth`: thickness of the border in pixels."""
 
     def IsBorderVisible(self) -> bool:
-        """Return `borderVisible`: whether the border is drawn"""
+        """Return `borderVisible`: whether the border is drawn."""
 
     def SetBorderVisible(self, flag: bool) -> None:
-        """Set `borderVisible`: whether the border is drawn"""
+        """Set `borderVisible`: whether the border is drawn."""
 
     def GetBorderColor(self) -> pygame.Color:
-        """Return `borderColor`: border colour of the solid style"""
+        """Return `borderColor`: colour of the border in the style "solid"."""
 
     def SetBorderColor(self, r: int, g: int, b: int) -> None:
-        """Set `borderColor`: border colour of the solid style, opaque; components from 0 to 255."""
+        """Set `borderColor`: colour of the border in the style "solid".
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetImageAnchor(self) -> str:
-        """Return `imageAnchor`: anchor keyword"""
+        """Return `imageAnchor`: keyword of the anchor, as SetImageAnchor takes it, in lower case."""
 
     def SetCollInfoVisible(self, flag: bool) -> None:
-        """Set `coll_visible`: draw the collision rectangles"""
+        """Set `coll_visible`: whether the collision rectangles are outlined."""
 
     def GetCollRectArray(self) -> dict[str, list[Any]]:
-        """Return `coll_rectArray`: collision rectangles: name to a list"""
+        """Return `coll_rectArray`: collision rectangles: name to a list of them, in unscaled
+        pixels from the top-left corner.
+        """
 
     def GetStyle(self) -> str | None:
-        """Return `style`: "flat", "raised", "sunken", "solid", "hollow" or None"""
+        """Return `style`: style of the border: "flat", "raised", "sunken", "solid" or "hollow" (no
+        background), or None (no picture).
+        """
 
     def IsEnable(self) -> bool:
-        """Return `enable`: accepts input"""
+        """Return `enable`: whether the widget takes input."""
 
     def SetEnable(self, flag: bool) -> None:
-        """Set `enable`: accepts input"""
+        """Set `enable`: whether the widget takes input."""
 
     def SetImage(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
         """Set the picture: a file name, a list of files (the frames), an atlas (".plist"), a
         surface, or None.
 
-        Files are loaded through `Res`; `switchdelay` is the time per frame in seconds. The
-        running frame index is kept.
+        Files are loaded through `Res`: a file that it does not find leaves no picture, and
+        AttributeError is raised while `Res` is not set. `switchdelay` is the time per frame in
+        seconds. The running frame index is kept.
         """
 
     def UseImage(self, originalImage: GUI_Image, autoSize: bool) -> None:
-        """Mirror the picture of another widget from now on; see AutoImageSize for `autoSize`."""
+        """Mirror the picture of another widget from now on; see AutoImageSize for `autoSize`.
+
+        Raises AttributeError for what is no widget.
+        """
 
     def AutoImageSize(self, autosize: bool) -> None:
         """Store the flag; while it is true the size follows the picture, from now on."""
@@ -1107,17 +1417,18 @@ class GUI_Image(GameNode):
         """
 
     def DropBGColor(self) -> None:
-        """Use no tint and no background."""
+        """Use no tint and no background: `bgColor` becomes None."""
 
     def SetStyle(self, style: str | None, borderVisible: bool = True) -> None:
         """Set the border style and, by default, show the border.
 
-        Styles: "flat", "raised", "sunken", "solid", "hollow" (no background).
+        Styles: "flat", "raised", "sunken", "solid", "hollow" (no background); others are kept
+        and draw no relief. None draws no picture either.
         """
 
     def SetBlendType(self, blendtype: str) -> None:
-        """ "ADD" and "SUB" select pygame's BLEND_ADD and BLEND_SUB, anything else BLEND_MULT, which
-        is drawn as a plain blit.
+        """Set how the picture is blitted: "ADD" and "SUB" select pygame's BLEND_ADD and BLEND_SUB,
+        anything else BLEND_MULT, which is drawn as a plain blit.
         """
 
     def SetImageAnchor(self, anchor: str) -> None:
@@ -1129,10 +1440,13 @@ class GUI_Image(GameNode):
         """Add a collision rectangle (unscaled pixels from the top-left corner) under a name."""
 
     def CleanCollRect(self, collName: str) -> None:
-        """Empty the list of that name."""
+        """Empty the list of collision rectangles of that name; an unknown name is ignored."""
 
     def GetCollRect(self, collName: str) -> list[Any]:
-        """Return the list of rectangles of that name; KeyError for an unknown one."""
+        """Return the list of collision rectangles of that name.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CopyTo(self, other: GameNode) -> None:
         """Copy the widget's state into `other`; surfaces are shared, lists and colours copied."""
@@ -1184,40 +1498,48 @@ class GUI_Image(GameNode):
 class GUI_Label(GUI_Image):
     """An image widget with one line of text.
 
-    `fontname` is a system font, or a ".ttf" or ".otf" file that `Res` finds; `fontsize` is in
-    pixels.
+    `x` and `y` place the anchor in the parent, in pixels. `fontname` is a system font, or a
+    ".ttf" or ".otf" file that `Res` finds: AttributeError if it does not. `fontsize` is in
+    pixels. A label is as white and large as an image: the style "hollow" leaves the text alone.
+
+    >>> label = Tessora.GUI_Label(None, 10, 20, "Score: 0")
+    >>> label.SetText("Score: 1")
     """
 
     text: str
-    """the string shown"""
+    """The text that is shown."""
     font: pygame.font.Font
-    """pygame font that renders the text"""
+    """pygame.font.Font that renders the text."""
     fontname: str
-    """name of the font or its file"""
+    """Name of the system font, or of the font's file. Default "Arial"."""
     fontsize: int
-    """size of the font, pixels"""
+    """Size of the font in pixels. Default 16."""
     fontbold: bool
-    """bold text"""
+    """Whether the font was made bold. Default False."""
     fontitalic: bool
-    """italic text"""
+    """Whether the font was made italic. Default False."""
     fontunderline: bool
-    """underlined text"""
+    """Whether the font was made to underline. Default False."""
     strikethrough: bool
-    """text struck through"""
+    """Whether the font was made to strike through. Default False."""
     textColor: pygame.Color
-    """colour of the text"""
+    """Colour of the text. Default (0, 0, 0, 255)."""
     HAlign: str
-    """ "left", "center" or "right" """
+    """Horizontal alignment of the text: "left", "right" or "center", which others count as.
+    Default "center".
+    """
     VAlign: str
-    """ "top", "center" or "bottom" """
+    """Vertical alignment of the text: "top", "bottom" or "center", which others count as. Default
+    "center".
+    """
     textleftgap: float
-    """distance from the left edge, pixels"""
+    """Distance of left-aligned text from the left edge, in unscaled pixels. Default 2."""
     texttopgap: float
-    """distance from the top edge, pixels"""
+    """Distance of top-aligned text from the top edge, in unscaled pixels. Default 2."""
     textVisible: bool
-    """whether the text is drawn"""
+    """Whether the text is drawn. Default True."""
     showChar: str | None
-    """character shown in place of each one, or None"""
+    """Character shown in place of each one, as for a password, or None. Default None."""
 
     def __init__(
         self,
@@ -1229,73 +1551,86 @@ class GUI_Label(GUI_Image):
         fontsize: int = 16,
     ) -> None: ...
     def GetText(self) -> str:
-        """Return `text`: the string shown"""
+        """Return `text`: the text that is shown."""
 
     def SetText(self, text: str) -> None:
-        """Set `text`: the string shown"""
+        """Set `text`: the text that is shown."""
 
     def GetFont(self) -> pygame.font.Font:
-        """Return `font`: pygame font that renders the text"""
+        """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the font or its file"""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font, pixels"""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: bold text"""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: italic text"""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: underlined text"""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: text struck through"""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetTextColor(self) -> pygame.Color:
-        """Return `textColor`: colour of the text"""
+        """Return `textColor`: colour of the text."""
 
     def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set `textColor`: colour of the text; components from 0 to 255."""
+        """Set `textColor`: colour of the text.
+
+        Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetTextHAlign(self) -> str:
-        """Return `HAlign`: "left", "center" or "right" """
+        """Return `HAlign`: horizontal alignment of the text: "left", "right" or "center", which
+        others count as.
+        """
 
     def SetTextHAlign(self, align: str) -> None:
-        """Set `HAlign`: "left", "center" or "right" """
+        """Set `HAlign`: horizontal alignment of the text: "left", "right" or "center", which
+        others count as.
+        """
 
     def GetTextVAlign(self) -> str:
-        """Return `VAlign`: "top", "center" or "bottom" """
+        """Return `VAlign`: vertical alignment of the text: "top", "bottom" or "center", which
+        others count as.
+        """
 
     def SetTextVAlign(self, align: str) -> None:
-        """Set `VAlign`: "top", "center" or "bottom" """
+        """Set `VAlign`: vertical alignment of the text: "top", "bottom" or "center", which others
+        count as.
+        """
 
     def GetTextLeftGap(self) -> float:
-        """Return `textleftgap`: distance from the left edge, pixels"""
+        """Return `textleftgap`: distance of left-aligned text from the left edge, in unscaled
+        pixels.
+        """
 
     def SetTextLeftGap(self, gap: float) -> None:
-        """Set `textleftgap`: distance from the left edge, pixels"""
+        """Set `textleftgap`: distance of left-aligned text from the left edge, in unscaled pixels."""
 
     def GetTextTopGap(self) -> float:
-        """Return `texttopgap`: distance from the top edge, pixels"""
+        """Return `texttopgap`: distance of top-aligned text from the top edge, in unscaled pixels."""
 
     def SetTextTopGap(self, gap: float) -> None:
-        """Set `texttopgap`: distance from the top edge, pixels"""
+        """Set `texttopgap`: distance of top-aligned text from the top edge, in unscaled pixels."""
 
     def IsTextVisible(self) -> bool:
-        """Return `textVisible`: whether the text is drawn"""
+        """Return `textVisible`: whether the text is drawn."""
 
     def SetTextVisible(self, flag: bool) -> None:
-        """Set `textVisible`: whether the text is drawn"""
+        """Set `textVisible`: whether the text is drawn."""
 
     def GetShowChar(self) -> str | None:
-        """Return `showChar`: character shown in place of each one, or None"""
+        """Return `showChar`: character shown in place of each one, as for a password, or None."""
 
     def SetShowChar(self, char: str | None) -> None:
-        """Set `showChar`: character shown in place of each one, or None"""
+        """Set `showChar`: character shown in place of each one, as for a password, or None."""
 
     def draw(
         self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
@@ -1317,7 +1652,8 @@ class GUI_Label(GUI_Image):
         """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
         resources.
 
-        Raises AttributeError when `Res` does not find the file.
+        `fontsize` is in pixels. Raises AttributeError when `Res` is not set or does not find
+        the file.
         """
 
     def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
@@ -1338,25 +1674,30 @@ class GUI_Label(GUI_Image):
 class GUI_Button(GUI_Label):
     """A label that reacts to the mouse: normal, hovered and pressed.
 
-    Assign `PickDownFunction` or `PickUpFunction` to learn of presses and releases.
+    The arguments are those of a label. A new button is a grey, raised box of 100 x 100 pixels.
+    Set `PickDownFunction` or `PickUpFunction` to learn of presses and releases; either is
+    called with the button.
+
+    >>> button = Tessora.GUI_Button(None, 10, 20, "Start")
+    >>> button.SetPickUpFunction(lambda button: button.SetText("Started"))
     """
 
     textColor_hover: pygame.Color
-    """text colour, pointer inside"""
+    """Text colour while the pointer is inside. Default (0, 0, 0, 255)."""
     bgColor_hover: pygame.Color
-    """background, pointer inside"""
+    """Background colour while the pointer is inside. Default (128, 128, 128, 255)."""
     image_hover: pygame.Surface | None
-    """picture, pointer inside, or None"""
+    """Picture while the pointer is inside, or None. Default None."""
     image_hover_File: str | None
-    """file name of the picture, pointer inside, or None"""
+    """File name of the picture while the pointer is inside, or None. Default None."""
     image_click_File: str | None
-    """file name of the picture while pressed, or None"""
+    """File name of the picture while pressed, or None. Default None."""
     textColor_click: pygame.Color
-    """text colour while pressed"""
+    """Text colour while pressed. Default (0, 0, 0, 255)."""
     bgColor_click: pygame.Color
-    """background while pressed"""
+    """Background colour while pressed. Default (96, 96, 96, 255)."""
     image_click: pygame.Surface | None
-    """picture while pressed, or None"""
+    """Picture while pressed, or None. Default None."""
 
     def __init__(
         self,
@@ -1368,49 +1709,69 @@ class GUI_Button(GUI_Label):
         fontsize: int = 16,
     ) -> None: ...
     def GetTextColor_Hover(self) -> pygame.Color:
-        """Return `textColor_hover`: text colour, pointer inside"""
+        """Return `textColor_hover`: text colour while the pointer is inside."""
 
     def SetTextColor_Hover(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_hover`: text colour, pointer inside, opaque; components from 0 to 255."""
+        """Set `textColor_hover`: text colour while the pointer is inside.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetBGColor_Hover(self) -> pygame.Color:
-        """Return `bgColor_hover`: background, pointer inside"""
+        """Return `bgColor_hover`: background colour while the pointer is inside."""
 
     def SetBGColor_Hover(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_hover`: background, pointer inside, opaque; components from 0 to 255."""
+        """Set `bgColor_hover`: background colour while the pointer is inside.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def SetImage_Hover(self, imagefile: str) -> None:
-        """Load `image_hover` through `Res` and record its file."""
+        """Load `image_hover` through `Res` and record its file.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_Hover(self) -> pygame.Surface | None:
-        """Return `image_hover`: picture, pointer inside, or None"""
+        """Return `image_hover`: picture while the pointer is inside, or None."""
 
     def GetImageFile_Hover(self) -> str | None:
-        """Return `image_hover_File`: file name of the picture, pointer inside, or None"""
+        """Return `image_hover_File`: file name of the picture while the pointer is inside, or
+        None.
+        """
 
     def GetImageFile_Click(self) -> str | None:
-        """Return `image_click_File`: file name of the picture while pressed, or None"""
+        """Return `image_click_File`: file name of the picture while pressed, or None."""
 
     def GetTextColor_Click(self) -> pygame.Color:
-        """Return `textColor_click`: text colour while pressed"""
+        """Return `textColor_click`: text colour while pressed."""
 
     def SetTextColor_Click(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_click`: text colour while pressed, opaque; components from 0 to 255."""
+        """Set `textColor_click`: text colour while pressed.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetBGColor_Click(self) -> pygame.Color:
-        """Return `bgColor_click`: background while pressed"""
+        """Return `bgColor_click`: background colour while pressed."""
 
     def SetBGColor_Click(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_click`: background while pressed, opaque; components from 0 to 255."""
+        """Set `bgColor_click`: background colour while pressed.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def SetImage_Click(self, imagefile: str) -> None:
-        """Load `image_click` through `Res` and record its file."""
+        """Load `image_click` through `Res` and record its file.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_Click(self) -> pygame.Surface | None:
-        """Return `image_click`: picture while pressed, or None"""
+        """Return `image_click`: picture while pressed, or None."""
 
     def IsClicked(self) -> bool:
-        """Return `clicked`: pressed at the moment"""
+        """Return `clicked`: whether the button is being pressed."""
 
     def draw(
         self, screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, scale: float = 1.0
@@ -1433,43 +1794,49 @@ class GUI_Button(GUI_Label):
 class GUI_CheckButton(GUI_Button):
     """A button that a click checks and unchecks, with a box and a text.
 
-    The mark shows while it is checked, once a checked colour or a picture is set.
+    The arguments are those of a label; a new one has 120 x 20 pixels. The mark shows while it
+    is checked, once a checked colour or a picture is set.
+
+    >>> sound = Tessora.GUI_CheckButton(None, 10, 20, "Sound")
+    >>> sound.SetChecked(True)
     """
 
     CheckValue: bool
-    """whether it is checked"""
+    """Whether the button is checked. Default False."""
     textColor_checked: pygame.Color
-    """text colour while checked"""
+    """Text colour while checked, at first the one in `textColor`."""
     bgColor_checked: pygame.Color
-    """background while checked"""
+    """Background colour while checked, at first the one in `bgColor`."""
     image_checked: pygame.Surface | None
-    """picture while checked, or None"""
+    """Picture while checked, or None. Default None."""
     textColor_hover_checked: pygame.Color
-    """text colour while checked, pointer inside"""
+    """Text colour while checked, with the pointer inside, at first the one in `textColor_hover`."""
     bgColor_hover_checked: pygame.Color
-    """background while checked, pointer inside"""
+    """Background colour while checked, with the pointer inside, at first the one in
+    `bgColor_hover`.
+    """
     image_hover_checked: pygame.Surface | None
-    """picture while checked, pointer inside, or None"""
+    """Picture while checked, with the pointer inside, or None. Default None."""
     textColor_click_checked: pygame.Color
-    """text colour while checked and pressed"""
+    """Text colour while checked and pressed, at first the one in `textColor_click`."""
     bgColor_click_checked: pygame.Color
-    """background while checked and pressed"""
+    """Background colour while checked and pressed, at first the one in `bgColor_click`."""
     image_click_checked: pygame.Surface | None
-    """picture while checked and pressed, or None"""
+    """Picture while checked and pressed, or None. Default None."""
     checkboxVisible: bool
-    """whether the box shows"""
+    """Whether the box shows. Default True."""
     image_checkbox: pygame.Surface | None
-    """picture of the box, or None"""
+    """Picture of the box, or None. Default None."""
     image_checkbox_hover: pygame.Surface | None
-    """picture of the box, pointer inside, or None"""
+    """Picture of the box while the pointer is inside, or None. Default None."""
     image_checkbox_click: pygame.Surface | None
-    """picture of the box while pressed, or None"""
+    """Picture of the box while pressed, or None. Default None."""
     image_checkbox_checked: pygame.Surface | None
-    """picture of the box while checked, or None"""
+    """Picture of the box while checked, or None. Default None."""
     image_checkbox_hover_checked: pygame.Surface | None
-    """picture of the box while checked, pointer inside, or None"""
+    """Picture of the box while checked, with the pointer inside, or None. Default None."""
     image_checkbox_click_checked: pygame.Surface | None
-    """picture of the box while checked and pressed, or None"""
+    """Picture of the box while checked and pressed, or None. Default None."""
 
     def __init__(
         self,
@@ -1481,117 +1848,168 @@ class GUI_CheckButton(GUI_Button):
         fontsize: int = 16,
     ) -> None: ...
     def IsChecked(self) -> bool:
-        """Return `CheckValue`: whether it is checked"""
+        """Return `CheckValue`: whether the button is checked."""
 
     def SetChecked(self, value: bool) -> None:
-        """Set `CheckValue`: whether it is checked"""
+        """Set `CheckValue`: whether the button is checked."""
 
     def GetTextColor_Checked(self) -> pygame.Color:
-        """Return `textColor_checked`: text colour while checked"""
+        """Return `textColor_checked`: text colour while checked, at first the one in `textColor`."""
 
     def SetTextColor_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_checked`: text colour while checked, opaque; components from 0 to 255."""
+        """Set `textColor_checked`: text colour while checked, at first the one in `textColor`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetBGColor_Checked(self) -> pygame.Color:
-        """Return `bgColor_checked`: background while checked"""
+        """Return `bgColor_checked`: background colour while checked, at first the one in
+        `bgColor`.
+        """
 
     def SetBGColor_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_checked`: background while checked, opaque; components from 0 to 255."""
+        """Set `bgColor_checked`: background colour while checked, at first the one in `bgColor`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def SetImage_Checked(self, imagefile: str) -> None:
-        """Load `image_checked` through `Res`."""
+        """Load `image_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_Checked(self) -> pygame.Surface | None:
-        """Return `image_checked`: picture while checked, or None"""
+        """Return `image_checked`: picture while checked, or None."""
 
     def GetTextColor_Hover_Checked(self) -> pygame.Color:
-        """Return `textColor_hover_checked`: text colour while checked, pointer inside"""
+        """Return `textColor_hover_checked`: text colour while checked, with the pointer inside, at
+        first the one in `textColor_hover`.
+        """
 
     def SetTextColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_hover_checked`: text colour while checked, pointer inside, opaque;
-        components from 0 to 255.
+        """Set `textColor_hover_checked`: text colour while checked, with the pointer inside, at
+        first the one in `textColor_hover`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def GetBGColor_Hover_Checked(self) -> pygame.Color:
-        """Return `bgColor_hover_checked`: background while checked, pointer inside"""
+        """Return `bgColor_hover_checked`: background colour while checked, with the pointer
+        inside, at first the one in `bgColor_hover`.
+        """
 
     def SetBGColor_Hover_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_hover_checked`: background while checked, pointer inside, opaque;
-        components from 0 to 255.
+        """Set `bgColor_hover_checked`: background colour while checked, with the pointer inside,
+        at first the one in `bgColor_hover`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def SetImage_Hover_Checked(self, imagefile: str) -> None:
-        """Load `image_hover_checked` through `Res`."""
+        """Load `image_hover_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_Hover_Checked(self) -> pygame.Surface | None:
-        """Return `image_hover_checked`: picture while checked, pointer inside, or None"""
+        """Return `image_hover_checked`: picture while checked, with the pointer inside, or None."""
 
     def GetTextColor_Click_Checked(self) -> pygame.Color:
-        """Return `textColor_click_checked`: text colour while checked and pressed"""
+        """Return `textColor_click_checked`: text colour while checked and pressed, at first the
+        one in `textColor_click`.
+        """
 
     def SetTextColor_Click_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `textColor_click_checked`: text colour while checked and pressed, opaque; components
-        from 0 to 255.
+        """Set `textColor_click_checked`: text colour while checked and pressed, at first the one
+        in `textColor_click`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def GetBGColor_Click_Checked(self) -> pygame.Color:
-        """Return `bgColor_click_checked`: background while checked and pressed"""
+        """Return `bgColor_click_checked`: background colour while checked and pressed, at first
+        the one in `bgColor_click`.
+        """
 
     def SetBGColor_Click_Checked(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_click_checked`: background while checked and pressed, opaque; components
-        from 0 to 255.
+        """Set `bgColor_click_checked`: background colour while checked and pressed, at first the
+        one in `bgColor_click`.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
         """
 
     def SetImage_Click_Checked(self, imagefile: str) -> None:
-        """Load `image_click_checked` through `Res`."""
+        """Load `image_click_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_Click_Checked(self) -> pygame.Surface | None:
-        """Return `image_click_checked`: picture while checked and pressed, or None"""
+        """Return `image_click_checked`: picture while checked and pressed, or None."""
 
     def IsCheckBoxVisible(self) -> bool:
-        """Return `checkboxVisible`: whether the box shows"""
+        """Return `checkboxVisible`: whether the box shows."""
 
     def SetCheckBoxVisible(self, flag: bool) -> None:
-        """Set `checkboxVisible`: whether the box shows"""
+        """Set `checkboxVisible`: whether the box shows."""
 
     def SetImage_CheckBox(self, imagefile: str) -> None:
-        """Load `image_checkbox` through `Res`."""
+        """Load `image_checkbox` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox(self) -> pygame.Surface | None:
-        """Return `image_checkbox`: picture of the box, or None"""
+        """Return `image_checkbox`: picture of the box, or None."""
 
     def SetImage_CheckBox_Hover(self, imagefile: str) -> None:
-        """Load `image_checkbox_hover` through `Res`."""
+        """Load `image_checkbox_hover` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox_Hover(self) -> pygame.Surface | None:
-        """Return `image_checkbox_hover`: picture of the box, pointer inside, or None"""
+        """Return `image_checkbox_hover`: picture of the box while the pointer is inside, or None."""
 
     def SetImage_CheckBox_Click(self, imagefile: str) -> None:
-        """Load `image_checkbox_click` through `Res`."""
+        """Load `image_checkbox_click` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox_Click(self) -> pygame.Surface | None:
-        """Return `image_checkbox_click`: picture of the box while pressed, or None"""
+        """Return `image_checkbox_click`: picture of the box while pressed, or None."""
 
     def SetImage_CheckBox_Checked(self, imagefile: str) -> None:
-        """Load `image_checkbox_checked` through `Res`."""
+        """Load `image_checkbox_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox_Checked(self) -> pygame.Surface | None:
-        """Return `image_checkbox_checked`: picture of the box while checked, or None"""
+        """Return `image_checkbox_checked`: picture of the box while checked, or None."""
 
     def SetImage_CheckBox_Hover_Checked(self, imagefile: str) -> None:
-        """Load `image_checkbox_hover_checked` through `Res`."""
+        """Load `image_checkbox_hover_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox_Hover_Checked(self) -> pygame.Surface | None:
-        """Return `image_checkbox_hover_checked`: picture of the box while checked, pointer inside,
-        or None
+        """Return `image_checkbox_hover_checked`: picture of the box while checked, with the
+        pointer inside, or None.
         """
 
     def SetImage_CheckBox_Click_Checked(self, imagefile: str) -> None:
-        """Load `image_checkbox_click_checked` through `Res`."""
+        """Load `image_checkbox_click_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_CheckBox_Click_Checked(self) -> pygame.Surface | None:
         """Return `image_checkbox_click_checked`: picture of the box while checked and pressed, or
-        None
+        None.
         """
 
     def draw(
@@ -1615,24 +2033,30 @@ class GUI_CheckButton(GUI_Button):
 class GUI_RadioButton(GUI_Button):
     """A button with a round box and a text; a click chooses it among the radio buttons of its
     parent.
+
+    The arguments are those of a label; a new one has 120 x 20 pixels.
+
+    >>> levels = Tessora.GameNode(None, 10, 20)
+    >>> easy = Tessora.GUI_RadioButton(levels, 0, 0, "Easy")
+    >>> hard = Tessora.GUI_RadioButton(levels, 0, 24, "Hard")
     """
 
     RadioValue: bool
-    """whether it is the chosen one"""
+    """Whether the button is the chosen one. Default False."""
     radioboxVisible: bool
-    """whether the box shows"""
+    """Whether the box shows. Default True."""
     image_radiobox: pygame.Surface | None
-    """picture of the box, or None"""
+    """Picture of the box, or None. Default None."""
     image_radiobox_hover: pygame.Surface | None
-    """picture of the box, pointer inside, or None"""
+    """Picture of the box while the pointer is inside, or None. Default None."""
     image_radiobox_click: pygame.Surface | None
-    """picture of the box while pressed, or None"""
+    """Picture of the box while pressed, or None. Default None."""
     image_radiobox_checked: pygame.Surface | None
-    """kept for the script, not drawn"""
+    """Picture of the box that is kept for the script, not drawn; unset at first."""
     image_radiobox_hover_checked: pygame.Surface | None
-    """kept for the script, not drawn"""
+    """Picture of the box that is kept for the script, not drawn; unset at first."""
     image_radiobox_click_checked: pygame.Surface | None
-    """kept for the script, not drawn"""
+    """Picture of the box that is kept for the script, not drawn; unset at first."""
 
     def __init__(
         self,
@@ -1644,49 +2068,67 @@ class GUI_RadioButton(GUI_Button):
         fontsize: int = 16,
     ) -> None: ...
     def GetRadioValue(self) -> bool:
-        """Return `RadioValue`: whether it is the chosen one"""
+        """Return `RadioValue`: whether the button is the chosen one."""
 
     def SetRadioValue(self, value: bool) -> None:
-        """Set `RadioValue`: whether it is the chosen one"""
+        """Set `RadioValue`: whether the button is the chosen one."""
 
     def IsRadioBoxVisible(self) -> bool:
-        """Return `radioboxVisible`: whether the box shows"""
+        """Return `radioboxVisible`: whether the box shows."""
 
     def SetRadioBoxVisible(self, flag: bool) -> None:
-        """Set `radioboxVisible`: whether the box shows"""
+        """Set `radioboxVisible`: whether the box shows."""
 
     def SetImage_RadioBox(self, imagefile: str) -> None:
-        """Load `image_radiobox` through `Res`."""
+        """Load `image_radiobox` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox(self) -> pygame.Surface | None:
-        """Return `image_radiobox`: picture of the box, or None"""
+        """Return `image_radiobox`: picture of the box, or None."""
 
     def SetImage_RadioBox_Hover(self, imagefile: str) -> None:
-        """Load `image_radiobox_hover` through `Res`."""
+        """Load `image_radiobox_hover` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox_Hover(self) -> pygame.Surface | None:
-        """Return `image_radiobox_hover`: picture of the box, pointer inside, or None"""
+        """Return `image_radiobox_hover`: picture of the box while the pointer is inside, or None."""
 
     def SetImage_RadioBox_Click(self, imagefile: str) -> None:
-        """Load `image_radiobox_click` through `Res`."""
+        """Load `image_radiobox_click` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox_Click(self) -> pygame.Surface | None:
-        """Return `image_radiobox_click`: picture of the box while pressed, or None"""
+        """Return `image_radiobox_click`: picture of the box while pressed, or None."""
 
     def SetImage_RadioBox_Checked(self, imagefile: str) -> None:
-        """Load `image_radiobox_checked` through `Res`."""
+        """Load `image_radiobox_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox_Checked(self) -> pygame.Surface | None:
         """Return `image_radiobox_checked`, or None before it is set."""
 
     def SetImage_RadioBox_Hover_Checked(self, imagefile: str) -> None:
-        """Load `image_radiobox_hover_checked` through `Res`."""
+        """Load `image_radiobox_hover_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox_Hover_Checked(self) -> pygame.Surface | None:
         """Return `image_radiobox_hover_checked`, or None before it is set."""
 
     def SetImage_RadioBox_Click_Checked(self, imagefile: str) -> None:
-        """Load `image_radiobox_click_checked` through `Res`."""
+        """Load `image_radiobox_click_checked` through `Res`.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def GetImage_RadioBox_Click_Checked(self) -> pygame.Surface | None:
         """Return `image_radiobox_click_checked`, or None before it is set."""
@@ -1712,34 +2154,38 @@ class GUI_RadioButton(GUI_Button):
 class GUI_Edit(GUI_Label):
     """A line of text to type into.
 
-    A press gives it the focus and sets the cursor, a press elsewhere takes the focus away. Keys
-    reach it by their names in pygame.key.name().
+    The arguments are those of a label; a new edit is a dark grey, sunken box of 100 x 100
+    pixels with black text. A press gives it the focus and sets the cursor, a press elsewhere
+    takes the focus away. Keys reach it by their names in pygame.key.name().
+
+    >>> edit = Tessora.GUI_Edit(None, 10, 20, "Ann")
+    >>> edit.SetReturnCallBackFunc(lambda edit: print("Hello", edit.GetText()))
     """
 
     cursorColor: pygame.Color
-    """colour of the cursor"""
+    """Colour of the cursor. Default (255, 255, 255, 255)."""
     bgColor_focusIn: pygame.Color
-    """background with the focus"""
+    """Background colour while the edit has the focus. Default (96, 96, 96, 255)."""
     image_focusIn: pygame.Surface | None
-    """picture with the focus, or None for the usual one"""
+    """Picture while the edit has the focus, or None for the usual one. Default None."""
     image_focusIn_File: str
-    """file name of the picture with the focus"""
+    """File name of the picture with the focus. Default ""."""
     cursorPos: int
-    """characters before the cursor"""
+    """Number of characters before the cursor. Default 0."""
     cursorshowtime: float
-    """time that the cursor shows or hides, seconds"""
+    """Seconds that the cursor shows, and that it hides. Default 0.5."""
     cursorlasttime: float
-    """when the cursor last appeared or vanished, time.time()"""
+    """When the cursor last appeared or vanished, in seconds of time.time(). Default 0.0."""
     cursorvisible: bool
-    """whether the cursor shows"""
+    """Whether the cursor shows at the moment. Default False."""
     text_begin_index: int
-    """first character shown"""
+    """Index of the first character that is shown. Default 0."""
     text_end_index: int
-    """end of the characters shown"""
+    """Index behind the last character that is shown. Default 0."""
     max_char_count: int
-    """length from which on keys insert nothing"""
+    """Number of characters from which on keys insert nothing. Default 50."""
     ReturnCallBackFunc: Callable[[GUI_Edit], Any] | None
-    """called with the edit on Return, or None"""
+    """Called with the edit when Return is pressed in it, or None. Default None."""
 
     def __init__(
         self,
@@ -1751,34 +2197,43 @@ class GUI_Edit(GUI_Label):
         fontsize: int = 16,
     ) -> None: ...
     def GetCursorColor(self) -> pygame.Color:
-        """Return `cursorColor`: colour of the cursor"""
+        """Return `cursorColor`: colour of the cursor."""
 
     def SetCursorColor(self, r: int, g: int, b: int) -> None:
-        """Set `cursorColor`: colour of the cursor, opaque; components from 0 to 255."""
+        """Set `cursorColor`: colour of the cursor.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetBGColor_Focus(self) -> pygame.Color:
-        """Return `bgColor_focusIn`: background with the focus"""
+        """Return `bgColor_focusIn`: background colour while the edit has the focus."""
 
     def SetBGColor_Focus(self, r: int, g: int, b: int) -> None:
-        """Set `bgColor_focusIn`: background with the focus, opaque; components from 0 to 255."""
+        """Set `bgColor_focusIn`: background colour while the edit has the focus.
+
+        The colour is opaque. Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetImage_focusIn(self) -> pygame.Surface | None:
-        """Return `image_focusIn`: picture with the focus, or None for the usual one"""
+        """Return `image_focusIn`: picture while the edit has the focus, or None for the usual one."""
 
     def GetImageFile_focusIn(self) -> str:
-        """Return `image_focusIn_File`: file name of the picture with the focus"""
+        """Return `image_focusIn_File`: file name of the picture with the focus."""
 
     def SetCursorPosition(self, cursorPos: int) -> None:
-        """Set `cursorPos`: characters before the cursor"""
+        """Set `cursorPos`: number of characters before the cursor."""
 
     def SetMaxCharCount(self, count: int) -> None:
-        """Set `max_char_count`: length from which on keys insert nothing"""
+        """Set `max_char_count`: number of characters from which on keys insert nothing."""
 
     def SetReturnCallBackFunc(self, func: Callable[[GUI_Edit], Any] | None) -> None:
-        """Set `ReturnCallBackFunc`: called with the edit on Return, or None"""
+        """Set `ReturnCallBackFunc`: called with the edit when Return is pressed in it, or None."""
 
     def SetImage_FocusIn(self, file: str) -> None:
-        """Load `image_focusIn` through `Res`."""
+        """Load `image_focusIn` through `Res` and record its file.
+
+        A file that `Res` does not find leaves None; AttributeError while `Res` is not set.
+        """
 
     def SetText(self, text: str) -> None:
         """Set the text and show its begin; the cursor stays within it.
@@ -1790,8 +2245,8 @@ class GUI_Edit(GUI_Label):
         """Set the width in pixels; the cursor stays in the part that shows."""
 
     def OnKeyDownFunction(self, keyname: Hashable) -> None:
-        """Handle a key by its name: with the focus it moves the cursor or changes the text, else
-        the callable registered for it runs.
+        """Handle a key by its name, as of pygame.key.name(): with the focus it moves the cursor or
+        changes the text, else the function registered for it is called.
         """
 
     def draw(
@@ -1817,24 +2272,27 @@ class GUI_Edit(GUI_Label):
 class GUI_Text(GUI_Edit):
     """A text of many lines to type into.
 
-    It is broken by width, behind spaces where there are any, and at line breaks; a window of
-    whole lines follows the cursor.
+    The arguments are those of a label. The text is broken by width, behind spaces where there
+    are any, and at line breaks; a window of whole lines follows the cursor.
+
+    >>> text = Tessora.GUI_Text(None, 10, 20, "Dear diary,\\ntoday")
+    >>> text.SetWidth(300)
     """
 
     lineArray: list[str]
-    """the lines, with their spaces and line breaks: joined, the text"""
+    """The lines with their spaces and line breaks; joined, the text."""
     lineCount: int
-    """number of lines"""
+    """Number of lines."""
     lineIndex: int
-    """first line shown"""
+    """First line that is shown, counted from 0. Default 0."""
     showlineCount: int
-    """lines that fit"""
+    """Number of lines that fit into the height."""
     cursorRow: int
-    """line of the cursor"""
+    """Line of the cursor, counted from 0. Default 0."""
     lineHeight: float
-    """height of a line, pixels; the font's until it is set"""
+    """Height of a line in pixels; the font's until it is set."""
     linegap: float
-    """distance between lines, pixels"""
+    """Distance between lines in pixels. Default 2."""
 
     def __init__(
         self,
@@ -1846,10 +2304,10 @@ class GUI_Text(GUI_Edit):
         fontsize: int = 16,
     ) -> None: ...
     def GetLineHeight(self) -> float:
-        """Return `lineHeight`: height of a line, pixels; the font's until it is set"""
+        """Return `lineHeight`: height of a line in pixels; the font's until it is set."""
 
     def GetLineGap(self) -> float:
-        """Return `linegap`: distance between lines, pixels"""
+        """Return `linegap`: distance between lines in pixels."""
 
     def SetText(self, text: str) -> None:
         """Set the text and break it into lines; cursor and window stay within it."""
@@ -1896,61 +2354,88 @@ class GUI_Text(GUI_Edit):
 
 @_disjoint_base
 class GUI_Scale(GUI_Image):
-    """A slider: a value that goes in steps, a button to drag, a ruler."""
+    """A slider: a value that goes in steps, a button to drag, a ruler.
+
+    `x` and `y` place the anchor in the parent, in pixels; a new scale has 120 x 20. Set
+    `PickUpFunction` to learn of a new value.
+
+    >>> volume = Tessora.GUI_Scale(None, 10, 20)
+    >>> volume.SetRange(0, 10)
+    >>> volume.SetValue(7)
+    """
 
     font: pygame.font.Font
-    """pygame font that renders the value"""
+    """pygame.font.Font that renders the value, at first Arial of 16 pixels."""
     textColor: pygame.Color
-    """colour of the value and the ruler"""
+    """Colour of the value and the ruler. Default (255, 255, 255, 255)."""
     texttopgap: float
-    """distance of the value from the scale, pixels"""
+    """Distance of the value from the scale in pixels. Default 2."""
     textalign_V: str
-    """the value stands above ("top"), below ("bottom") or inside"""
+    """Where the value stands: above ("top"), below ("bottom") or inside (anything else). Default
+    "bottom".
+    """
     Button: GUI_Button
-    """the button to drag"""
+    """The button to drag."""
     ButtonPicked: bool
-    """the button follows the pointer"""
+    """Whether the button follows the pointer. Default False."""
     minvalue: float
-    """value at the beginning of the track"""
+    """Value at the beginning of the track. Default 0."""
     maxvalue: float
-    """value at its end"""
+    """Value at the end of the track. Default 100."""
     currvalue: float
-    """the value; what is set is not limited to the range"""
+    """The value; what is set is not limited to the range. Default 50."""
     step: float
-    """what one step adds or takes away"""
+    """What one step adds or takes away. Default 20."""
     rulerVisible: bool
-    """draw the ruler and the value"""
+    """Whether the ruler and the value are drawn. Default True."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set `textColor`: colour of the value and the ruler; components from 0 to 255."""
+        """Set `textColor`: colour of the value and the ruler.
+
+        Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetTextAlign(self) -> str:
-        """Return `textalign_V`: the value stands above ("top"), below ("bottom") or inside"""
+        """Return `textalign_V`: where the value stands: above ("top"), below ("bottom") or inside
+        (anything else).
+        """
 
     def SetTextAlign(self, align: str) -> None:
-        """Set `textalign_V`: the value stands above ("top"), below ("bottom") or inside"""
+        """Set `textalign_V`: where the value stands: above ("top"), below ("bottom") or inside
+        (anything else).
+        """
 
     def GetButton(self) -> GUI_Button:
-        """Return `Button`: the button to drag"""
+        """Return `Button`: the button to drag."""
 
     def GetRange(self) -> tuple[float, float]:
-        """Return `minvalue` and `maxvalue`."""
+        """Return `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def SetRange(self, minvalue: float, maxvalue: float) -> None:
-        """Set `minvalue` and `maxvalue`."""
+        """Set `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def GetValue(self) -> float:
-        """Return `currvalue`: the value; what is set is not limited to the range"""
+        """Return `currvalue`: the value; what is set is not limited to the range."""
 
     def SetValue(self, value: float) -> None:
-        """Set `currvalue`: the value; what is set is not limited to the range"""
+        """Set `currvalue`: the value; what is set is not limited to the range."""
 
     def GetStep(self) -> float:
-        """Return `step`: what one step adds or takes away"""
+        """Return `step`: what one step adds or takes away."""
 
     def SetStep(self, step: float) -> None:
-        """Set `step`: what one step adds or takes away"""
+        """Set `step`: what one step adds or takes away."""
 
     def BtnPickDownFunction(self, node: GameNode | None = None) -> None:
         """Let the button follow the pointer until a release."""
@@ -1977,48 +2462,65 @@ class GUI_Scale(GUI_Image):
 
 @_disjoint_base
 class GUI_VScrollBar(GUI_Image):
-    """An upright scroll bar: a value that goes in steps and a thumb to drag."""
+    """An upright scroll bar: a value that goes in steps and a thumb to drag.
+
+    `x` and `y` place the anchor in the parent, in pixels; a new bar has 20 x 120 and the range
+    0 to 100. Set `PickUpFunction` to learn of a new value.
+
+    >>> bar = Tessora.GUI_VScrollBar(None, 10, 20)
+    >>> bar.SetRange(0, 40)
+    """
 
     UpButton: GUI_Button
-    """button that takes a step back"""
+    """Button that takes a step back."""
     MidButton: GUI_Button
-    """the thumb"""
+    """The thumb, a button to drag."""
     MidButtonPicked: bool
-    """the thumb follows the pointer"""
+    """Whether the thumb follows the pointer. Default False."""
     DownButton: GUI_Button
-    """button that takes a step on"""
+    """Button that takes a step on."""
     minvalue: float
-    """value at the beginning of the track"""
+    """Value at the beginning of the track. Default 0."""
     maxvalue: float
-    """value at its end"""
+    """Value at the end of the track. Default 100."""
     currvalue: float
-    """the value; what is set is not limited to the range"""
+    """The value; what is set is not limited to the range. Default 0."""
     step: float
-    """what one step adds or takes away"""
+    """What one step adds or takes away. Default 10."""
     rulerVisible: bool
-    """free for scripts"""
+    """Free for scripts. Default True."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetButton(self) -> GUI_Button:
-        """Return `MidButton`: the thumb"""
+        """Return `MidButton`: the thumb, a button to drag."""
 
     def GetRange(self) -> tuple[float, float]:
-        """Return `minvalue` and `maxvalue`."""
+        """Return `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def SetRange(self, minvalue: float, maxvalue: float) -> None:
-        """Set `minvalue` and `maxvalue`."""
+        """Set `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def GetValue(self) -> float:
-        """Return `currvalue`: the value; what is set is not limited to the range"""
+        """Return `currvalue`: the value; what is set is not limited to the range."""
 
     def SetValue(self, value: float) -> None:
-        """Set `currvalue`: the value; what is set is not limited to the range"""
+        """Set `currvalue`: the value; what is set is not limited to the range."""
 
     def GetStep(self) -> float:
-        """Return `step`: what one step adds or takes away"""
+        """Return `step`: what one step adds or takes away."""
 
     def SetStep(self, step: float) -> None:
-        """Set `step`: what one step adds or takes away"""
+        """Set `step`: what one step adds or takes away."""
 
     def UpBtnPickDownFunction(self, node: GameNode | None = None) -> None:
         """Take a step back, to `minvalue` at most."""
@@ -2050,48 +2552,65 @@ class GUI_VScrollBar(GUI_Image):
 
 @_disjoint_base
 class GUI_HScrollBar(GUI_Image):
-    """A horizontal scroll bar: a value that goes in steps and a thumb to drag."""
+    """A horizontal scroll bar: a value that goes in steps and a thumb to drag.
+
+    `x` and `y` place the anchor in the parent, in pixels; a new bar has 120 x 20 and the range
+    0 to 100. Set `PickUpFunction` to learn of a new value.
+
+    >>> bar = Tessora.GUI_HScrollBar(None, 10, 20)
+    >>> bar.SetRange(0, 40)
+    """
 
     LeftButton: GUI_Button
-    """button that takes a step back"""
+    """Button that takes a step back."""
     MidButton: GUI_Button
-    """the thumb"""
+    """The thumb, a button to drag."""
     MidButtonPicked: bool
-    """the thumb follows the pointer"""
+    """Whether the thumb follows the pointer. Default False."""
     RightButton: GUI_Button
-    """button that takes a step on"""
+    """Button that takes a step on."""
     minvalue: float
-    """value at the beginning of the track"""
+    """Value at the beginning of the track. Default 0."""
     maxvalue: float
-    """value at its end"""
+    """Value at the end of the track. Default 100."""
     currvalue: float
-    """the value; what is set is not limited to the range"""
+    """The value; what is set is not limited to the range. Default 0."""
     step: float
-    """what one step adds or takes away"""
+    """What one step adds or takes away. Default 10."""
     rulerVisible: bool
-    """free for scripts"""
+    """Free for scripts. Default True."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetButton(self) -> GUI_Button:
-        """Return `MidButton`: the thumb"""
+        """Return `MidButton`: the thumb, a button to drag."""
 
     def GetRange(self) -> tuple[float, float]:
-        """Return `minvalue` and `maxvalue`."""
+        """Return `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def SetRange(self, minvalue: float, maxvalue: float) -> None:
-        """Set `minvalue` and `maxvalue`."""
+        """Set `minvalue` and `maxvalue`.
+
+        `minvalue`: value at the beginning of the track.
+
+        `maxvalue`: value at the end of the track.
+        """
 
     def GetValue(self) -> float:
-        """Return `currvalue`: the value; what is set is not limited to the range"""
+        """Return `currvalue`: the value; what is set is not limited to the range."""
 
     def SetValue(self, value: float) -> None:
-        """Set `currvalue`: the value; what is set is not limited to the range"""
+        """Set `currvalue`: the value; what is set is not limited to the range."""
 
     def GetStep(self) -> float:
-        """Return `step`: what one step adds or takes away"""
+        """Return `step`: what one step adds or takes away."""
 
     def SetStep(self, step: float) -> None:
-        """Set `step`: what one step adds or takes away"""
+        """Set `step`: what one step adds or takes away."""
 
     def LeftBtnPickDownFunction(self, node: GameNode | None = None) -> None:
         """Take a step back, to `minvalue` at most."""
@@ -2126,98 +2645,103 @@ class GUI_ListBox(GUI_Image):
     """A vertical list of lines, one of which is selected by click, by "up" and "down" or by
     SetSelectedIndex.
 
-    Whole lines are shown; a scroll bar brings the others into view.
+    `x` and `y` place the anchor in the parent, in pixels; a new list has 120 x 100. Whole lines
+    are shown; a scroll bar brings the others into view.
+
+    >>> levels = Tessora.GUI_ListBox(None, 10, 20)
+    >>> line = levels.AddTextLine("Easy")
+    >>> levels.SetSelectedIndex(0)
     """
 
     lineArray: list[GUI_CheckButton]
-    """the lines, from the top"""
+    """The lines from the top. Default []."""
     lineCount: int
-    """number of lines"""
+    """Number of lines. Default 0."""
     selectedIndex: int
-    """the selected line, -1 for none"""
+    """The selected line, counted from 0; -1 for none. Default -1."""
     lineHeight: float
-    """height of a line, pixels"""
+    """Height of a line in pixels. Default 20."""
     linegap: float
-    """distance between lines, pixels"""
+    """Distance between lines in pixels. Default 2."""
     showlineCount: int
-    """number of lines that fit"""
+    """Number of lines that fit into the height."""
     lineIndex: int
-    """first line shown"""
+    """First line that is shown, counted from 0. Default 0."""
     itemBGColor: pygame.Color
-    """background of the lines"""
+    """Background of the lines that are not selected. Default (255, 255, 255, 255)."""
     textColor: pygame.Color
-    """colour of the texts"""
+    """Colour of the texts of lines that are not selected. Default (0, 0, 0, 255)."""
     HAlign: str
-    """ "left", "center" or "right" """
+    """Horizontal alignment of the texts: "left", "center" or "right". Default "left"."""
     VAlign: str
-    """ "top", "center" or "bottom" """
+    """Vertical alignment of the texts: "top", "center" or "bottom". Default "center"."""
     font: pygame.font.Font
-    """pygame font that renders the text"""
+    """pygame.font.Font that renders the text."""
     fontname: str
-    """name of the font or its file"""
+    """Name of the system font, or of the font's file. Default "Arial"."""
     fontsize: int
-    """size of the font, pixels"""
+    """Size of the font in pixels. Default 16."""
     fontbold: bool
-    """bold text"""
+    """Whether the font was made bold. Default False."""
     fontitalic: bool
-    """italic text"""
+    """Whether the font was made italic. Default False."""
     fontunderline: bool
-    """underlined text"""
+    """Whether the font was made to underline. Default False."""
     strikethrough: bool
-    """text struck through"""
+    """Whether the font was made to strike through. Default False."""
     VScrollBar: GUI_VScrollBar
-    """the scroll bar; its value is the first line shown"""
+    """The scroll bar, whose value is the first line shown."""
     VScrollBarVisible: bool
-    """show the scroll bar when not all lines fit"""
+    """Whether the scroll bar shows when not all lines fit. Default True."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetSelectedIndex(self) -> int:
-        """Return `selectedIndex`: the selected line, -1 for none"""
+        """Return `selectedIndex`: the selected line, counted from 0; -1 for none."""
 
     def GetLineHeight(self) -> float:
-        """Return `lineHeight`: height of a line, pixels"""
+        """Return `lineHeight`: height of a line in pixels."""
 
     def GetLineGap(self) -> float:
-        """Return `linegap`: distance between lines, pixels"""
+        """Return `linegap`: distance between lines in pixels."""
 
     def GetItemBGColor(self) -> pygame.Color:
-        """Return `itemBGColor`: background of the lines"""
+        """Return `itemBGColor`: background of the lines that are not selected."""
 
     def GetTextColor(self) -> pygame.Color:
-        """Return `textColor`: colour of the texts"""
+        """Return `textColor`: colour of the texts of lines that are not selected."""
 
     def GetTextHAlign(self) -> str:
-        """Return `HAlign`: "left", "center" or "right" """
+        """Return `HAlign`: horizontal alignment of the texts: "left", "center" or "right"."""
 
     def GetTextVAlign(self) -> str:
-        """Return `VAlign`: "top", "center" or "bottom" """
+        """Return `VAlign`: vertical alignment of the texts: "top", "center" or "bottom"."""
 
     def GetFont(self) -> pygame.font.Font:
-        """Return `font`: pygame font that renders the text"""
+        """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the font or its file"""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font, pixels"""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: bold text"""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: italic text"""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: underlined text"""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: text struck through"""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetVScrollBarVisible(self) -> bool:
-        """Return `VScrollBarVisible`: show the scroll bar when not all lines fit"""
+        """Return `VScrollBarVisible`: whether the scroll bar shows when not all lines fit."""
 
     def SetVScrollBarVisible(self, flag: bool) -> None:
-        """Set `VScrollBarVisible`: show the scroll bar when not all lines fit"""
+        """Set `VScrollBarVisible`: whether the scroll bar shows when not all lines fit."""
 
     def AddLine(self, text: str = "", imagefiles: _ImageFiles = None) -> GUI_CheckButton:
         """Append a line of text, with a picture unless `imagefiles` is None; return it."""
@@ -2259,7 +2783,8 @@ class GUI_ListBox(GUI_Image):
         """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
         resources.
 
-        Raises AttributeError when `Res` does not find the file.
+        `fontsize` is in pixels. Raises AttributeError when `Res` is not set or does not find
+        the file.
         """
 
     def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
@@ -2280,7 +2805,7 @@ class GUI_ListBox(GUI_Image):
         """Set `width` in pixels."""
 
     def SetLineGap(self, gap: float) -> None:
-        """Set `linegap`: distance between lines, pixels."""
+        """Set `linegap`: distance between lines in pixels."""
 
     def SetSelectedIndex(self, index: int) -> None:
         """Select a line, counted from 0, and show it; an index without a line selects none."""
@@ -2321,16 +2846,21 @@ class GUI_ListBox(GUI_Image):
 class GUI_ComboBox(GUI_Image):
     """An edit and a list to choose its text from.
 
-    The button opens and closes the list. Give a layer its combo boxes last: an open list is
-    drawn over what the layer draws before it.
+    `x` and `y` place the anchor in the parent, in pixels. The button opens and closes the list.
+    Give a layer its combo boxes last: an open list is drawn over what the layer draws before
+    it.
+
+    >>> levels = Tessora.GUI_ComboBox(None, 10, 20)
+    >>> line = levels.AddTextLine("Easy")
+    >>> levels.Edit.SetText("Easy")
     """
 
     Edit: GUI_Edit
-    """the text that was chosen"""
+    """Edit with the text that was chosen."""
     Button: GUI_Button
-    """opens and closes the list"""
+    """Button that opens and closes the list."""
     DropList: GUI_ListBox
-    """the list; closed while it is hidden"""
+    """The list; it is closed while it is hidden."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def AddLine(self, text: str = "", imagefiles: _ImageFiles = None) -> GUI_CheckButton:
@@ -2358,16 +2888,16 @@ class GUI_ComboBox(GUI_Image):
         """Return the background of the lines."""
 
     def GetLineGap(self) -> float:
-        """Return the distance between lines, pixels."""
+        """Return the distance between lines in pixels."""
 
     def SetLineGap(self, gap: float) -> None:
-        """Set the distance between lines, pixels."""
+        """Set the distance between lines in pixels."""
 
     def GetLineHeight(self) -> float:
-        """Return the height of a line, pixels."""
+        """Return the height of a line in pixels."""
 
     def SetLineHeight(self, height: float) -> None:
-        """Set the height of a line, pixels."""
+        """Set the height of a line in pixels."""
 
     def GetVScrollBarVisible(self) -> bool:
         """Return whether the list shows a scroll bar when not all lines fit."""
@@ -2382,7 +2912,7 @@ class GUI_ComboBox(GUI_Image):
         """Return the name of the edit's font."""
 
     def GetFontSize(self) -> int:
-        """Return the size of the edit's font, pixels."""
+        """Return the size of the edit's font in pixels."""
 
     def GetFontBold(self) -> bool:
         """Return whether the edit's font was made bold."""
@@ -2417,7 +2947,8 @@ class GUI_ComboBox(GUI_Image):
         """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
         resources.
 
-        Raises AttributeError when `Res` does not find the file.
+        `fontsize` is in pixels. Raises AttributeError when `Res` is not set or does not find
+        the file.
         """
 
     def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
@@ -2460,18 +2991,24 @@ class GUI_ComboBox(GUI_Image):
 
 @_disjoint_base
 class GUI_HProgressBar(GUI_Label):
-    """A value in a range as a bar that fills from the left."""
+    """A value in a range as a bar that fills from the left.
+
+    The arguments are those of a label; a new bar has 100 x 20 pixels and the range 0 to 100.
+
+    >>> life = Tessora.GUI_HProgressBar(None, 10, 20)
+    >>> life.SetValue(75)
+    """
 
     ProgressImage: GUI_Label
-    """the fill"""
+    """The fill."""
     PositionImage: GUI_Label
-    """the marker at the end of the fill"""
+    """The marker at the end of the fill."""
     minvalue: float
-    """value of an empty bar"""
+    """Value of an empty bar. Default 0."""
     maxvalue: float
-    """value of a full bar"""
+    """Value of a full bar. Default 100."""
     currvalue: float
-    """the value; what is set is not limited to the range"""
+    """The value; what is set is not limited to the range. Default 50."""
 
     def __init__(
         self,
@@ -2483,22 +3020,32 @@ class GUI_HProgressBar(GUI_Label):
         fontsize: int = 16,
     ) -> None: ...
     def GetProgressImage(self) -> GUI_Label:
-        """Return `ProgressImage`: the fill"""
+        """Return `ProgressImage`: the fill."""
 
     def GetPositionImages(self) -> GUI_Label:
-        """Return `PositionImage`: the marker at the end of the fill"""
+        """Return `PositionImage`: the marker at the end of the fill."""
 
     def GetRange(self) -> tuple[float, float]:
-        """Return `minvalue` and `maxvalue`."""
+        """Return `minvalue` and `maxvalue`.
+
+        `minvalue`: value of an empty bar.
+
+        `maxvalue`: value of a full bar.
+        """
 
     def SetRange(self, minvalue: float, maxvalue: float) -> None:
-        """Set `minvalue` and `maxvalue`."""
+        """Set `minvalue` and `maxvalue`.
+
+        `minvalue`: value of an empty bar.
+
+        `maxvalue`: value of a full bar.
+        """
 
     def GetValue(self) -> float:
-        """Return `currvalue`: the value; what is set is not limited to the range"""
+        """Return `currvalue`: the value; what is set is not limited to the range."""
 
     def SetValue(self, value: float) -> None:
-        """Set `currvalue`: the value; what is set is not limited to the range"""
+        """Set `currvalue`: the value; what is set is not limited to the range."""
 
     def SetProgressImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
         """Draw the fill as a picture, stretched to its size; see GUI_Image.SetImage."""
@@ -2524,18 +3071,24 @@ class GUI_HProgressBar(GUI_Label):
 
 @_disjoint_base
 class GUI_VProgressBar(GUI_Label):
-    """A value in a range as a bar that fills from the top."""
+    """A value in a range as a bar that fills from the top.
+
+    The arguments are those of a label; a new bar has 20 x 100 pixels and the range 0 to 100.
+
+    >>> depth = Tessora.GUI_VProgressBar(None, 10, 20)
+    >>> depth.SetValue(75)
+    """
 
     ProgressImage: GUI_Label
-    """the fill"""
+    """The fill."""
     PositionImage: GUI_Label
-    """the marker at the end of the fill"""
+    """The marker at the end of the fill."""
     minvalue: float
-    """value of an empty bar"""
+    """Value of an empty bar. Default 0."""
     maxvalue: float
-    """value of a full bar"""
+    """Value of a full bar. Default 100."""
     currvalue: float
-    """the value; what is set is not limited to the range"""
+    """The value; what is set is not limited to the range. Default 50."""
 
     def __init__(
         self,
@@ -2547,22 +3100,32 @@ class GUI_VProgressBar(GUI_Label):
         fontsize: int = 16,
     ) -> None: ...
     def GetProgressImage(self) -> GUI_Label:
-        """Return `ProgressImage`: the fill"""
+        """Return `ProgressImage`: the fill."""
 
     def GetPositionImages(self) -> GUI_Label:
-        """Return `PositionImage`: the marker at the end of the fill"""
+        """Return `PositionImage`: the marker at the end of the fill."""
 
     def GetRange(self) -> tuple[float, float]:
-        """Return `minvalue` and `maxvalue`."""
+        """Return `minvalue` and `maxvalue`.
+
+        `minvalue`: value of an empty bar.
+
+        `maxvalue`: value of a full bar.
+        """
 
     def SetRange(self, minvalue: float, maxvalue: float) -> None:
-        """Set `minvalue` and `maxvalue`."""
+        """Set `minvalue` and `maxvalue`.
+
+        `minvalue`: value of an empty bar.
+
+        `maxvalue`: value of a full bar.
+        """
 
     def GetValue(self) -> float:
-        """Return `currvalue`: the value; what is set is not limited to the range"""
+        """Return `currvalue`: the value; what is set is not limited to the range."""
 
     def SetValue(self, value: float) -> None:
-        """Set `currvalue`: the value; what is set is not limited to the range"""
+        """Set `currvalue`: the value; what is set is not limited to the range."""
 
     def SetProgressImages(self, imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None:
         """Draw the fill as a picture, stretched to its size; see GUI_Image.SetImage."""
@@ -2590,15 +3153,19 @@ class GUI_VProgressBar(GUI_Label):
 class GUI_MsgBox(GUI_Label):
     """A small dialog: a text, an OK button and a close button, both of which hide it.
 
-    The text is shown by the label `Title`. To learn of a button, override Button_6_onCommand.
+    The arguments are those of a label; a new box has 160 x 100 pixels and is visible. The text
+    is shown by the label `Title`. To learn of a button, override Button_6_onCommand.
+
+    >>> box = Tessora.GUI_MsgBox(None, 80, 60, "Game saved")
+    >>> box.SetVisible(True)
     """
 
     Title: GUI_Label
-    """label that shows the text"""
+    """Label that shows the text."""
     OKButton: GUI_Button
-    """the OK button"""
+    """The OK button, which hides the box."""
     CloseButton: GUI_Button
-    """the close button"""
+    """The close button, which hides the box."""
 
     def __init__(
         self,
@@ -2628,18 +3195,22 @@ class GUI_MsgBox(GUI_Label):
 
 @_disjoint_base
 class TreeItemNode:
-    """An item of a GUI_Tree."""
+    """An item of a GUI_Tree, with a text, any value and a picture; GUI_Tree.InsertItem makes one.
+
+    >>> world = Tessora.TreeItemNode("World", 1)
+    >>> world.AppendChildItem(Tessora.TreeItemNode("Level 1"))
+    """
 
     itemText: str
-    """the text shown"""
+    """The text that is shown."""
     itemValue: Any
-    """free for scripts"""
+    """Free for scripts."""
     itemImage: str | pygame.Surface | None
-    """picture in front of the text, or the name of its file, or None"""
+    """Picture in front of the text, or the name of its file, or None."""
     itemChildren: list[TreeItemNode]
-    """the items below this one"""
+    """The items below this one. Default []."""
     itemopen: bool
-    """whether they are shown"""
+    """Whether the items below this one are shown. Default False."""
 
     def __init__(
         self,
@@ -2648,13 +3219,13 @@ class TreeItemNode:
         itemImage: str | pygame.Surface | None = None,
     ) -> None: ...
     def SetItemText(self, text: str) -> None:
-        """Set `itemText`: the text shown"""
+        """Set `itemText`: the text that is shown."""
 
     def SetItemValue(self, value: Any) -> None:
-        """Set `itemValue`: free for scripts"""
+        """Set `itemValue`: free for scripts."""
 
     def SetItemImage(self, image: str | pygame.Surface | None) -> None:
-        """Set `itemImage`: picture in front of the text, or the name of its file, or None"""
+        """Set `itemImage`: picture in front of the text, or the name of its file, or None."""
 
     def AppendChildItem(self, item: TreeItemNode) -> None:
         """Add an item below this one, behind the others."""
@@ -2663,10 +3234,10 @@ class TreeItemNode:
         """Insert an item below this one, as list.insert does."""
 
     def ExpandChildItem(self) -> None:
-        """Show the items below."""
+        """Show the items below this one."""
 
     def CloseChildItem(self) -> None:
-        """Hide the items below."""
+        """Hide the items below this one."""
 
     def LookForItemNode(self, itemText: str) -> TreeItemNode | None:
         """Return the first item with that text, this one or one below it, depth first.
@@ -2679,63 +3250,70 @@ class TreeItemNode:
         scale of the tree.
 
         `x` and `y` are the corner of its row in pixels of the surface. Returns the `y` of the
-        next row.
+        next row. Raises RecursionError when an open item is its own descendant.
         """
 
 @_disjoint_base
 class GUI_Tree(GUI_Image):
     """A hierarchy of TreeItemNode items, whose boxes open and close them.
 
-    Its rows are drawn from the top left corner on, at any length; only a rotated tree cuts them
-    at its edges.
+    `x` and `y` place the anchor in the parent, in pixels. The rows are drawn from the top left
+    corner on, at any length; only a rotated tree cuts them at its edges.
+
+    >>> tree = Tessora.GUI_Tree(None, 10, 20)
+    >>> world = tree.InsertItem(None, "World")
+    >>> level = tree.InsertItem("World", "Level 1")
     """
 
     RootItemNode: TreeItemNode | None
-    """the item that holds all others, or None"""
+    """The item that holds all others, or None. Default None."""
     font: pygame.font.Font
-    """pygame font that renders the text"""
+    """pygame.font.Font that renders the text."""
     fontname: str
-    """name of the font or its file"""
+    """Name of the system font, or of the font's file. Default "Arial"."""
     fontsize: int
-    """size of the font, pixels"""
+    """Size of the font in pixels. Default 16."""
     fontbold: bool
-    """bold text"""
+    """Whether the font was made bold. Default False."""
     fontitalic: bool
-    """italic text"""
+    """Whether the font was made italic. Default False."""
     fontunderline: bool
-    """underlined text"""
+    """Whether the font was made to underline. Default False."""
     strikethrough: bool
-    """text struck through"""
+    """Whether the font was made to strike through. Default False."""
     textColor: pygame.Color
-    """colour of the texts"""
+    """Colour of the texts. Default (0, 0, 0, 255)."""
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetFont(self) -> pygame.font.Font:
-        """Return `font`: pygame font that renders the text"""
+        """Return `font`: pygame.font.Font that renders the text."""
 
     def GetFontName(self) -> str:
-        """Return `fontname`: name of the font or its file"""
+        """Return `fontname`: name of the system font, or of the font's file."""
 
     def GetFontSize(self) -> int:
-        """Return `fontsize`: size of the font, pixels"""
+        """Return `fontsize`: size of the font in pixels."""
 
     def GetFontBold(self) -> bool:
-        """Return `fontbold`: bold text"""
+        """Return `fontbold`: whether the font was made bold."""
 
     def GetFontItalic(self) -> bool:
-        """Return `fontitalic`: italic text"""
+        """Return `fontitalic`: whether the font was made italic."""
 
     def GetFontUnderline(self) -> bool:
-        """Return `fontunderline`: underlined text"""
+        """Return `fontunderline`: whether the font was made to underline."""
 
     def GetFontStrikeThrough(self) -> bool:
-        """Return `strikethrough`: text struck through"""
+        """Return `strikethrough`: whether the font was made to strike through."""
 
     def GetTextColor(self) -> pygame.Color:
-        """Return `textColor`: colour of the texts"""
+        """Return `textColor`: colour of the texts."""
 
     def SetTextColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set `textColor`: colour of the texts; components from 0 to 255."""
+        """Set `textColor`: colour of the texts.
+
+        Components are from 0 to 255; others raise ValueError.
+        """
 
     def InsertItem(
         self,
@@ -2769,7 +3347,8 @@ class GUI_Tree(GUI_Image):
         """Make and use a system font or, with ".ttf" or ".otf" in the name, a font file of the
         resources.
 
-        Raises AttributeError when `Res` does not find the file.
+        `fontsize` is in pixels. Raises AttributeError when `Res` is not set or does not find
+        the file.
         """
 
     def SetFont(self, font: pygame.font.Font, fontname: str) -> None:
@@ -2797,77 +3376,88 @@ class GameCharacter(GUI_Image):
 
     `x` and `y` place the anchor relative to the parent's top-left corner, in pixels. The parts
     of the action that is played are children of the character.
+
+    >>> hero = Tessora.GameCharacter(None, 10, 20)
+    >>> hero.AddActionFromImageList("run", ["run_0.png", "run_1.png"], 0.1)
+    >>> hero.PlayAction("run", True)
+    run_0.png load:1
     """
 
     ActionArray: dict[str, dict[int, dict[str, Any]]]
-    """action name to its key frames: frame index to a dictionary of "ChangeMode" and "Parts" (part
-    index to track name to value)
+    """Actions by name: frame index to a dictionary of "ChangeMode" and "Parts" (part index to
+    track name to value). Default {}.
     """
     ActionFpsDelayArray: dict[str, float]
-    """action name to seconds per frame"""
+    """Seconds per frame by the action's name. Default {}."""
     ActionLoop: bool
-    """whether the action starts again"""
+    """Whether the action starts again at its end. Default False."""
     ActionPlaying: bool
-    """whether frames advance"""
+    """Whether frames advance. Default False."""
     currActionFrameIndex: int
-    """the frame shown"""
+    """Index of the frame that is shown. Default 0."""
     currActionFrameTime: float
-    """time towards the next frame, seconds"""
+    """Seconds that have gone towards the next frame. Default 0."""
     currActionEndframe: int
-    """last frame of the action"""
+    """Index of the action's last frame. Default 0."""
     currActionEndCallBackFunction: Callable[..., Any] | None
-    """called when the action runs past its last frame, or None"""
+    """Called when the action has run past its last frame, or None. Default None."""
     currActionEndCallBackParams: dict[str, Any] | None
-    """keyword arguments of that call, or None"""
+    """Keyword arguments of that call, or None. Default None."""
     currOffsetX: float
-    """horizontal shift when drawn, pixels"""
+    """Horizontal shift in pixels with which the character is drawn. Default 0."""
     currOffsetY: float
-    """vertical shift when drawn, pixels"""
+    """Vertical shift in pixels with which the character is drawn. Default 0."""
     imageDict: dict[int, GUI_Image]
-    """part index to the part of the current action"""
+    """Parts of the current action by their indexes. Default {}."""
     PickedPartObj: GUI_Image | None
-    """part hit by the last press, or None"""
+    """Part that the last press hit, or None. Default None."""
     moveDir: list[float]
-    """requested direction, x then y, each -1.0 to 1.0"""
+    """Requested direction [x, y], each from -1.0 to 1.0; scripts move the character by it. Default
+    [0, 0].
+    """
     dropSpeed: float
-    """vertical speed, negative while rising"""
+    """Vertical speed, negative while rising; scripts move the character by it. Default 0."""
     isJumping: bool
-    """a jump is in progress"""
+    """Whether a jump is in progress. Default False."""
     isPlayer: bool
-    """the scene's player"""
+    """Whether the character is the scene's player. Default False."""
     isDead: bool
-    """set by Dead"""
+    """Whether the character is dead; Dead sets it. Default False."""
     rectListVisible: bool
-    """outline the frame's collision rectangles"""
+    """Whether the frame's collision rectangles are outlined. Default True."""
     UserFunctionDict: dict[str, Callable[..., Any]]
-    """script functions by the names that key frames call"""
+    """Functions of scripts by the names that key frames call. Default {}."""
     CharacterBindingVarArray: dict[str, Any]
-    """named game variables"""
+    """Game variables: name to value. At first "life" is 100, "speed", "jumpspeed" and "gravity"
+    are 0, and "check_block", "check_collision" and "check_eventrect" are False.
+    """
 
     def __init__(self, parent: GameNode | None = None, x: float = 0, y: float = 0) -> None: ...
     def GetCurrFrameIndex(self) -> int:
-        """Return `currActionFrameIndex`: the frame shown"""
+        """Return `currActionFrameIndex`: index of the frame that is shown."""
 
     def SetCurrFrame(self, frameIndex: int) -> None:
-        """Set `currActionFrameIndex`: the frame shown"""
+        """Set `currActionFrameIndex`: index of the frame that is shown."""
 
     def GetPickedPartObj(self) -> GUI_Image | None:
-        """Return `PickedPartObj`: part hit by the last press, or None"""
+        """Return `PickedPartObj`: part that the last press hit, or None."""
 
     def GetDropSpeed(self) -> float:
-        """Return `dropSpeed`: vertical speed, negative while rising"""
+        """Return `dropSpeed`: vertical speed, negative while rising; scripts move the character by
+        it.
+        """
 
     def IsJumpState(self) -> bool:
-        """Return `isJumping`: a jump is in progress"""
+        """Return `isJumping`: whether a jump is in progress."""
 
     def IsPlayer(self) -> bool:
-        """Return `isPlayer`: the scene's player"""
+        """Return `isPlayer`: whether the character is the scene's player."""
 
     def IsDead(self) -> bool:
-        """Return `isDead`: set by Dead"""
+        """Return `isDead`: whether the character is dead; Dead sets it."""
 
     def SetRectListVisible(self, flag: bool) -> None:
-        """Set `rectListVisible`: outline the frame's collision rectangles"""
+        """Set `rectListVisible`: whether the frame's collision rectangles are outlined."""
 
     def AddAction(self, actionName: str, fpsdelay: float = 0.3) -> None:
         """Add an action without key frames, played at `fpsdelay` seconds per frame.
@@ -2894,7 +3484,10 @@ class GameCharacter(GUI_Image):
         """Return the number of actions."""
 
     def GetActionName(self, index: int) -> str:
-        """Return the name of an action by its place; IndexError for an unknown one."""
+        """Return the name of an action by its place, counted from 0.
+
+        Raises IndexError for an unknown one.
+        """
 
     def GetActionNameList(self) -> list[str]:
         """Return a new list of the actions' names."""
@@ -2903,18 +3496,22 @@ class GameCharacter(GUI_Image):
         """Return a new dictionary about an action: "fpsdelay" (seconds per frame), "endframe",
         "keyframes" and "parts" (sorted lists of indexes).
 
-        KeyError for an unknown one.
+        Raises KeyError for an unknown one.
         """
 
     def SetActionSpeed(self, actionName: str, fpsdelay: float = 0.3) -> None:
         """Set the time that each frame of the action lasts, in seconds."""
 
     def GetActionSpeed(self, actionName: str) -> float:
-        """Return the seconds per frame of the action; KeyError for an unknown one."""
+        """Return the seconds per frame of the action.
+
+        Raises KeyError for an unknown one.
+        """
 
     def GetEndFrame(self, actionName: str) -> int:
-        """Return the action's last key frame, 0 for one without key frames; KeyError for an
-        unknown one.
+        """Return the action's last key frame, 0 for one without key frames.
+
+        Raises KeyError for an unknown action.
         """
 
     def AddKeyFrame(self, actionName: str, frameIndex: int, changeMode: int = 0) -> None:
@@ -2954,7 +3551,8 @@ class GameCharacter(GUI_Image):
         """Set what a key frame says of a part: the picture, as SetImage takes it or the name of a
         frame of an atlas.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Image(
@@ -2971,7 +3569,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the blend mode, as SetBlendType takes it.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Blend(
@@ -2987,7 +3586,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the anchor's keyword, as SetImageAnchor takes it.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Anchor(
@@ -3004,7 +3604,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the place (x, y) in the character, pixels.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Position(
@@ -3020,7 +3621,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the scale factors (sx, sy).
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Scale(
@@ -3036,7 +3638,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the rotation in degrees, counter-clockwise.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Rotate(
@@ -3052,7 +3655,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: the tint (r, g, b) or (r, g, b, a), 0 to 255 each.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Color(
@@ -3070,7 +3674,8 @@ class GameCharacter(GUI_Image):
         """Set what a key frame says of a part: the sound file that `Res` plays when the frame is
         entered.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_Sound(
@@ -3093,7 +3698,8 @@ class GameCharacter(GUI_Image):
         entered: a function, the name of one in `UserFunctionDict`, or what follows "on_" in the
         name of a method of the scene.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_CBFunction(
@@ -3116,7 +3722,8 @@ class GameCharacter(GUI_Image):
         """Set what a key frame says of a part: collision rectangles, unscaled pixels from the
         character's top-left corner, until another key frame sets them.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_RectList(
@@ -3133,7 +3740,8 @@ class GameCharacter(GUI_Image):
     ) -> None:
         """Set what a key frame says of a part: what a tile map makes of the frame.
 
-        None: nothing. A frame that is no key frame becomes one. KeyError for an unknown action.
+        `value` None means nothing, `partIndex` counts the parts from 0. A frame that is no key
+        frame becomes one. Raises KeyError for an unknown action.
         """
 
     def GetKeyFrame_TileBlock(
@@ -3160,7 +3768,7 @@ class GameCharacter(GUI_Image):
         """
 
     def StopAction(self) -> None:
-        """Stop advancing frames."""
+        """Stop advancing frames; the current frame stays."""
 
     def update(self, delay: float) -> None:
         """Advance the node and its parts by `delay` seconds and the action by at most one frame.
@@ -3233,13 +3841,18 @@ class GameCharacter(GUI_Image):
     def SetPlayer(self) -> None:
         """Make the character the player and tell it to the scene's SetPlayer(), if there is a
         scene.
+
+        Raises AttributeError when the scene has no such method.
         """
 
     def UnsetPlayer(self) -> None:
-        """Make the character no player and call the scene's SetPlayer(None), if there is a scene."""
+        """Make the character no player and call the scene's SetPlayer(None), if there is a scene.
+
+        Raises AttributeError when the scene has no such method.
+        """
 
     def Dead(self) -> None:
-        """Set `isDead`."""
+        """Set `isDead` to True; what follows from it is the script's."""
 
     def IsUpState(self) -> bool:
         """Return whether the character rises: `dropSpeed` is negative."""
@@ -3247,6 +3860,8 @@ class GameCharacter(GUI_Image):
     def Jump(self, jumpspeed: float | None = None) -> None:
         """Start a jump: `dropSpeed` becomes `jumpspeed`, by default the game variable of that
         name, whose sign is kept.
+
+        Raises KeyError when there is no such variable.
         """
 
     def StopJump(self) -> None:
@@ -3256,16 +3871,16 @@ class GameCharacter(GUI_Image):
         """Set `moveDir` to a new list [0, 0]."""
 
     def Move_Right(self) -> None:
-        """Set the horizontal direction to 1.0."""
+        """Set the horizontal direction in `moveDir` to 1.0."""
 
     def Move_Left(self) -> None:
-        """Set the horizontal direction to -1.0."""
+        """Set the horizontal direction in `moveDir` to -1.0."""
 
     def Move_Down(self) -> None:
-        """Set the vertical direction to 1.0."""
+        """Set the vertical direction in `moveDir` to 1.0."""
 
     def Move_Up(self) -> None:
-        """Set the vertical direction to -1.0."""
+        """Set the vertical direction in `moveDir` to -1.0."""
 
     def isMoveState(self) -> bool:
         """Return whether a direction in `moveDir` is not 0."""
@@ -3333,76 +3948,92 @@ class GameCharacter(GUI_Image):
         """
 
     def SetCharacterBindingVar(self, varname: str, varvalue: Any) -> None:
-        """Store a value under the game variable's name.
+        """Store a value in `CharacterBindingVarArray` under the game variable's name.
 
         A layer that takes a waiting character in sets every variable again, with its own value.
         """
 
     def GetCharacterBindingVar(self, varname: str) -> Any:
-        """Return the entry of that name; KeyError for an unknown one."""
+        """Return the entry of that name in `CharacterBindingVarArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def DelCharacterBindingVar(self, varname: str) -> None:
-        """Delete the entry of that name; KeyError for an unknown one."""
+        """Delete the entry of that name from `CharacterBindingVarArray`.
+
+        Raises KeyError for an unknown one.
+        """
 
     def CleanUpCharacterBindingVar(self) -> None:
-        """Empty the table in place."""
+        """Empty `CharacterBindingVarArray` in place."""
 
     def GetCharacterBindingVarArray(self) -> dict[str, Any]:
-        """Return the table itself."""
+        """Return `CharacterBindingVarArray`, the dictionary itself and no copy."""
 
 @_disjoint_base
 class TiledMap(GameNode):
     """A grid of equal cells, rectangular or diamond, filled with nodes that are shared.
 
-    A cell holds the index of a resource, -1 for none. To draw and to update, the map asks
-    `sceneInstance.GetLayerResNode(index)` for the node of every occupied cell, row by row; None
-    is passed over. A node stands for many cells: it is put in place, drawn, and put in the next
-    place.
+    `x` and `y` are its place in the parent, in pixels. A cell holds the index of a resource, -1
+    for none. To draw and to update, the map asks `sceneInstance.GetLayerResNode(index)` for the
+    node of every occupied cell, row by row; None is passed over, and AttributeError is raised
+    without such a scene. A node stands for many cells: it is put in place, drawn, and put in
+    the next place.
 
     A map of many cells is fastest with a look-up that calls no script: `scene.GetLayerResNode =
     nodes.__getitem__`, of a plain list or dictionary, or its `get`. Cells of still pictures (a
     GUI_Image without children, border and scripts) outside the window then cost next to
     nothing.
+
+    >>> ground = Tessora.TiledMap(None)
+    >>> ground.SetTiledMapInfo("ground", 15, 20, 32, 32, 0)
+    >>> ground.GetTile_XY(3, 2)
+    (96, 64)
     """
 
     LayerName: str | None
-    """name of the layer whose resources fill the cells; for scripts"""
+    """Name of the layer whose resources fill the cells, or None; for scripts. Default None."""
     ViewType: int
-    """0 for a rectangular grid, else diamonds"""
+    """Kind of grid: 0 is rectangular, anything else diamonds. Default 0."""
     Tile_Cow: int
-    """number of columns"""
+    """Number of columns. Default 20."""
     Tile_Row: int
-    """number of rows"""
+    """Number of rows. Default 20."""
     Tile_Width: float
-    """width of a cell, pixels"""
+    """Width of a cell in pixels. Default 64."""
     Tile_Height: float
-    """height of a cell, pixels"""
+    """Height of a cell in pixels. Default 64."""
     Tile_Visible: bool
-    """whether the grid lines are drawn"""
+    """Whether the grid lines are drawn. Default True."""
     Tile_Color: pygame.Color
-    """colour of the grid lines"""
+    """Colour of the grid lines. Default (255, 255, 255, 255)."""
     Tile_Array: list[int]
-    """index of each cell's resource row by row, -1 for an empty cell"""
+    """Index of each cell's resource row by row, -1 for an empty cell. All are empty at first."""
     Coll_Array: list[Any]
-    """whether each cell is blocked, row by row"""
+    """Whether each cell is blocked, row by row. None is at first."""
     Coll_Dict: dict[int, list[tuple[int, int]]]
-    """flat index of an animated tile to the cells (column, row) that its frame covers"""
+    """Cells (column, row) that the current frame of an animated tile covers, by the tile's place
+    in `Tile_Array`. Default {}.
+    """
 
     def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
     def IsTileVisible(self) -> bool:
-        """Return `Tile_Visible`: whether the grid lines are drawn"""
+        """Return `Tile_Visible`: whether the grid lines are drawn."""
 
     def SetTileVisible(self, value: bool) -> None:
-        """Set `Tile_Visible`: whether the grid lines are drawn"""
+        """Set `Tile_Visible`: whether the grid lines are drawn."""
 
     def GetTileLineColor(self) -> pygame.Color:
-        """Return `Tile_Color`: colour of the grid lines"""
+        """Return `Tile_Color`: colour of the grid lines."""
 
     def SetTileLineColor(self, value: pygame.Color) -> None:
-        """Set `Tile_Color`: colour of the grid lines"""
+        """Set `Tile_Color`: colour of the grid lines."""
 
     def GetTileArray(self) -> list[int]:
-        """Return `Tile_Array`: index of each cell's resource row by row, -1 for an empty cell"""
+        """Return `Tile_Array`: index of each cell's resource row by row, -1 for an empty cell. All
+        are empty at first.
+        """
 
     def SetTiledMapInfo(
         self, LayerName: str | None, Row: int, Cow: int, TileW: float, TileH: float, ViewType: int
@@ -3524,102 +4155,110 @@ class ParticleEmitter(GameNode):
     once. `particleMode` is kept for scripts: a new emitter is in "Gravity" mode. Every random
     parameter is its value plus its variance times a number from -1 to 1. Emission begins with
     Run().
+
+    >>> fire = Tessora.ParticleEmitter(None, 160, 200)
+    >>> fire.InitPS_Fire()
+    >>> fire.Run()
     """
 
     plistFile: str | None
-    """path of the definition file loaded last, or None"""
+    """Path of the definition file loaded last, or None. Default None."""
     particleMode: str
-    """what the constructor was given; `ParticleMode` is the active mode"""
+    """What the constructor was given; `ParticleMode` is the active mode."""
     ParticleTotal: int
-    """most particles at once"""
+    """Most particles at once."""
     ParticleCount: int
-    """particles now"""
+    """Number of particles now. Default 0."""
     EmissionRate: float
-    """particles per second"""
+    """Particles emitted per second. Default 20."""
     EmitCounter: float
-    """time towards the next particle, seconds"""
+    """Seconds that have gone towards the next particle. Default 0."""
     Duration: float
-    """seconds of emission, -1 for no limit"""
+    """Seconds of emission, -1 for no limit. Default -1."""
     LifeTime: float
-    """seconds emitted so far"""
+    """Seconds emitted so far. Default 0."""
     ParticleArray: list[Particle]
-    """the particles, oldest first"""
+    """The particles, oldest first. Default []."""
     ParticleX: float
-    """birth place, pixels from the emitter"""
+    """Horizontal birth place in pixels from the emitter. Default 100."""
     ParticleXVar: float
-    """variance of `ParticleX`"""
+    """Variance of `ParticleX` in pixels. Default 0."""
     ParticleY: float
-    """birth place, pixels from the emitter"""
+    """Vertical birth place in pixels from the emitter. Default 100."""
     ParticleYVar: float
-    """variance of `ParticleY`"""
+    """Variance of `ParticleY` in pixels. Default 0."""
     Life: float
-    """life at birth, 0 to 100; a particle loses 10 per second"""
+    """Life at birth, 0 to 100; a particle loses 10 per second. Default 100."""
     LifeVar: float
-    """variance of `Life`"""
+    """Variance of `Life`. Default 10."""
     Attenuation: float
-    """free for scripts: particles keep a loss of their own"""
+    """Free for scripts: particles keep a loss of their own. Default 10."""
     BeginSize: float
-    """size at birth, pixels"""
+    """Width and height at birth, in pixels. Default 20."""
     BeginSizeVar: float
-    """variance of `BeginSize`"""
+    """Variance of `BeginSize` in pixels. Default 10."""
     EndSize: float | str
-    """size at death, pixels, or "Begin" """
+    """Width and height at death in pixels, or "Begin" for no change. Default 10."""
     EndSizeVar: float | str
-    """variance of `EndSize`; "Begin" is that of `BeginSize`"""
+    """Variance of `EndSize` in pixels; "Begin" is that of `BeginSize`. Default 5."""
     BeginAngle: float
-    """angle at birth, degrees"""
+    """Angle at birth in degrees. Default 0."""
     BeginAngleVar: float
-    """variance of `BeginAngle`"""
+    """Variance of `BeginAngle` in degrees. Default 0."""
     EndAngle: float | str
-    """angle at death, degrees, or "Begin" """
+    """Angle at death in degrees, or "Begin" for no change. Default 0."""
     EndAngleVar: float | str
-    """variance of `EndAngle`; "Begin" is that of `BeginAngle`"""
+    """Variance of `EndAngle` in degrees; "Begin" is that of `BeginAngle`. Default 0."""
     Direction: float
-    """direction of emission, degrees, 90 is down"""
+    """Direction of emission in degrees: 0 is right, 90 is down. Default 90."""
     DirectionVar: float
-    """variance of `Direction`"""
+    """Variance of `Direction` in degrees. Default 0."""
     Speed: float
-    """speed at birth in "Gravity" mode, pixels per second"""
+    """Speed at birth in "Gravity" mode, in pixels per second. Default 100."""
     SpeedVar: float
-    """variance of `Speed`"""
+    """Variance of `Speed` in pixels per second. Default 0."""
     BeginColor: pygame.Color
-    """colour at birth"""
+    """Colour at birth. Default (255, 255, 255, 255)."""
     BeginColorVar: pygame.Color
-    """variance of each component of `BeginColor`"""
+    """Variance of each component of `BeginColor`. Default (0, 0, 0, 255)."""
     EndColor: pygame.Color | str
-    """colour at death, or "Begin" """
+    """Colour at death, or "Begin" for no change. Default (255, 255, 255, 255)."""
     EndColorVar: pygame.Color | str
-    """variance of each component of `EndColor`; "Begin" is that of `BeginColor`"""
+    """Variance of each component of `EndColor`; "Begin" is that of `BeginColor`. Default (0, 0, 0,
+    255).
+    """
     Imagefile: _ImageFiles
-    """picture of every particle, or None"""
+    """Picture of every particle, as GUI_Image.SetImage takes it, or None. Default None."""
     ParticleMode: str | None
-    """active movement mode: "Gravity", anything else is a circle"""
+    """Active movement mode: "Gravity", anything else is a circle. Default "Gravity"."""
     blendtype: int
-    """blend flag of every particle"""
+    """Flag with which every particle is blitted. Default pygame.BLEND_MULT."""
     BeginRadius: float
-    """radius at birth in "Circle" mode, pixels"""
+    """Radius at birth in "Circle" mode, in pixels. Default 0."""
     BeginRadiusVar: float
-    """variance of `BeginRadius`"""
+    """Variance of `BeginRadius` in pixels. Default 0."""
     EndRadius: float | str
-    """radius at death, pixels, or "Begin" """
+    """Radius at death in "Circle" mode in pixels, or "Begin" for no change. Default 100."""
     EndRadiusVar: float | str
-    """variance of `EndRadius`; "Begin" is that of `BeginRadius`"""
+    """Variance of `EndRadius` in pixels; "Begin" is that of `BeginRadius`. Default 0."""
     RotateSpeed: float
-    """degrees per second on the circle"""
+    """Speed on the circle in degrees per second. Default 0."""
     RotateSpeedVar: float
-    """variance of `RotateSpeed`"""
+    """Variance of `RotateSpeed` in degrees per second. Default 0."""
     Gravity: pygame.math.Vector2
-    """acceleration of all particles, pixels per second squared"""
+    """Acceleration of all particles in "Gravity" mode, in pixels per second squared. Default (0,
+    1).
+    """
     Tangentialaccel: float
-    """acceleration across the way from the emitter"""
+    """Acceleration across the way from the emitter, in pixels per second squared. Default 0."""
     TangentialaccelVar: float
-    """variance of `Tangentialaccel`"""
+    """Variance of `Tangentialaccel` in pixels per second squared. Default 0."""
     Radialaccel: float
-    """acceleration away from the emitter"""
+    """Acceleration away from the emitter, in pixels per second squared. Default 0."""
     RadialaccelVar: float
-    """variance of `Radialaccel`"""
+    """Variance of `Radialaccel` in pixels per second squared. Default 0."""
     running: bool
-    """whether particles are emitted"""
+    """Whether particles are emitted. Default False."""
 
     def __init__(
         self,
@@ -3630,28 +4269,28 @@ class ParticleEmitter(GameNode):
         particleTotal: int = 250,
     ) -> None: ...
     def GetPlistFile(self) -> str | None:
-        """Return `plistFile`: path of the definition file loaded last, or None"""
+        """Return `plistFile`: path of the definition file loaded last, or None."""
 
     def GetParticleTotal(self) -> int:
-        """Return `ParticleTotal`: most particles at once"""
+        """Return `ParticleTotal`: most particles at once."""
 
     def SetParticleTotal(self, value: int) -> None:
-        """Set `ParticleTotal`: most particles at once"""
+        """Set `ParticleTotal`: most particles at once."""
 
     def GetImage(self) -> _ImageFiles:
-        """Return `Imagefile`: picture of every particle, or None"""
+        """Return `Imagefile`: picture of every particle, as GUI_Image.SetImage takes it, or None."""
 
     def SetImage(self, value: _ImageFiles) -> None:
-        """Set `Imagefile`: picture of every particle, or None"""
+        """Set `Imagefile`: picture of every particle, as GUI_Image.SetImage takes it, or None."""
 
     def GetParticleMode(self) -> str | None:
-        """Return `ParticleMode`: active movement mode: "Gravity", anything else is a circle"""
+        """Return `ParticleMode`: active movement mode: "Gravity", anything else is a circle."""
 
     def SetParticleMode(self, value: str | None) -> None:
-        """Set `ParticleMode`: active movement mode: "Gravity", anything else is a circle"""
+        """Set `ParticleMode`: active movement mode: "Gravity", anything else is a circle."""
 
     def GetBlendType(self) -> int:
-        """Return `blendtype`: blend flag of every particle"""
+        """Return `blendtype`: flag with which every particle is blitted."""
 
     def SetCircleMode(
         self,
@@ -3692,13 +4331,13 @@ class ParticleEmitter(GameNode):
         """
 
     def Run(self) -> None:
-        """Emit from now on."""
+        """Emit from now on. Particles need update() and draw() in every frame."""
 
     def Pause(self) -> None:
         """Emit no more; living particles go on."""
 
     def IsFull(self) -> bool:
-        """Return whether there are exactly as many particles as there may be."""
+        """Return whether there are exactly as many particles as `ParticleTotal` says."""
 
     def CleanUp(self) -> None:
         """Remove the particles and set the parameters to 0, sizes and colours to their first
@@ -3845,132 +4484,146 @@ class Particle(GUI_Image):
     `parent` is the emitter; `x` and `y` place the centre relative to it, in pixels. Size,
     colour and angle run from their begin to their end values over the life; the end value
     "Begin" keeps the begin value.
+
+    >>> spark = Tessora.Particle(Tessora.ParticleEmitter(None))
+    >>> spark.SetBeginLife(50)
     """
 
     BeginLife: float
-    """life at birth"""
+    """Life at birth. Default 100."""
     Attenuation: float
-    """life lost per second"""
+    """Life that is lost per second. Default 10."""
     CurrLife: float
-    """life that is left"""
+    """Life that is left. Default 100."""
     BeginSize: float
-    """width and height at birth, pixels"""
+    """Width and height at birth, in pixels. Default 20."""
     EndSize: float | str
-    """width and height at death, pixels, or "Begin" """
+    """Width and height at death in pixels, or "Begin" for no change. Default 20."""
     BeginAngle: float
-    """angle at birth, degrees"""
+    """Angle at birth in degrees. Default 0."""
     EndAngle: float | str
-    """angle at death, degrees, or "Begin" """
+    """Angle at death in degrees, or "Begin" for no change. Default 0."""
     BeginColor: pygame.Color
-    """colour at birth"""
+    """Colour at birth. Default (255, 255, 255, 255)."""
     EndColor: pygame.Color | str
-    """colour at death, or "Begin" """
+    """Colour at death, or "Begin" for no change. Default (0, 0, 0, 0)."""
     lifeProgress: float
-    """0 at birth, 1 at death"""
+    """Part of the life that has passed: 0 at birth, 1 at death. Default 0."""
     Direction: pygame.math.Vector2
-    """velocity in "Gravity" mode, pixels per second"""
+    """Velocity in "Gravity" mode, in pixels per second. Default (0, 0)."""
     RadialAccel: float
-    """acceleration away from the emitter, pixels per second squared"""
+    """Acceleration away from the emitter, in pixels per second squared. Default 0.0."""
     TangentialAccel: float
-    """acceleration across that, pixels per second squared"""
+    """Acceleration across the way from the emitter, in pixels per second squared. Default 0.0."""
     BeginRadius: float
-    """radius at birth in "Circle" mode, pixels"""
+    """Radius at birth in "Circle" mode, in pixels. Default 0."""
     EndRadius: float | str
-    """radius at death, pixels, or "Begin" """
+    """Radius at death in pixels, or "Begin" for no change. Default 100."""
     RotateValue: float
-    """angle on the circle, degrees"""
+    """Angle on the circle in degrees. Default 0.0."""
     RotateSpeed: float
-    """degrees per second on the circle"""
+    """Speed on the circle in degrees per second. Default 500.0."""
     ParticleMode: str | None
-    """ "Gravity" or "Circle", set by the emitter"""
+    """Movement mode, "Gravity" or "Circle", set by the emitter; None before. Default None."""
 
     def __init__(self, parent: GameNode | None, x: float = 0, y: float = 0) -> None: ...
     def GetBeginLife(self) -> float:
-        """Return `BeginLife`: life at birth"""
+        """Return `BeginLife`: life at birth."""
 
     def GetCurrLife(self) -> float:
-        """Return `CurrLife`: life that is left"""
+        """Return `CurrLife`: life that is left."""
 
     def GetBeginSize(self) -> float:
-        """Return `BeginSize`: width and height at birth, pixels"""
+        """Return `BeginSize`: width and height at birth, in pixels."""
 
     def SetBeginSize(self, value: float) -> None:
-        """Set `BeginSize`: width and height at birth, pixels"""
+        """Set `BeginSize`: width and height at birth, in pixels."""
 
     def GetEndSize(self) -> float | str:
-        """Return `EndSize`: width and height at death, pixels, or "Begin" """
+        """Return `EndSize`: width and height at death in pixels, or "Begin" for no change."""
 
     def SetEndSize(self, value: float | str) -> None:
-        """Set `EndSize`: width and height at death, pixels, or "Begin" """
+        """Set `EndSize`: width and height at death in pixels, or "Begin" for no change."""
 
     def GetBeginAngle(self) -> float:
-        """Return `BeginAngle`: angle at birth, degrees"""
+        """Return `BeginAngle`: angle at birth in degrees."""
 
     def SetBeginAngle(self, value: float) -> None:
-        """Set `BeginAngle`: angle at birth, degrees"""
+        """Set `BeginAngle`: angle at birth in degrees."""
 
     def GetEndAngle(self) -> float | str:
-        """Return `EndAngle`: angle at death, degrees, or "Begin" """
+        """Return `EndAngle`: angle at death in degrees, or "Begin" for no change."""
 
     def SetEndAngle(self, value: float | str) -> None:
-        """Set `EndAngle`: angle at death, degrees, or "Begin" """
+        """Set `EndAngle`: angle at death in degrees, or "Begin" for no change."""
 
     def GetBeginColor(self) -> pygame.Color:
-        """Return `BeginColor`: colour at birth"""
+        """Return `BeginColor`: colour at birth."""
 
     def SetBeginColor(self, r: int, g: int, b: int, a: int = 255) -> None:
-        """Set `BeginColor`: colour at birth; components from 0 to 255."""
+        """Set `BeginColor`: colour at birth.
+
+        Components are from 0 to 255; others raise ValueError.
+        """
 
     def GetEndColor(self) -> pygame.Color | str:
-        """Return `EndColor`: colour at death, or "Begin" """
+        """Return `EndColor`: colour at death, or "Begin" for no change."""
 
     def GetModeA_Direction(self) -> pygame.math.Vector2:
-        """Return `Direction`: velocity in "Gravity" mode, pixels per second"""
+        """Return `Direction`: velocity in "Gravity" mode, in pixels per second."""
 
     def SetModeA_Direction(self, value: pygame.math.Vector2) -> None:
-        """Set `Direction`: velocity in "Gravity" mode, pixels per second"""
+        """Set `Direction`: velocity in "Gravity" mode, in pixels per second."""
 
     def GetModeA_RadialAccel(self) -> float:
-        """Return `RadialAccel`: acceleration away from the emitter, pixels per second squared"""
+        """Return `RadialAccel`: acceleration away from the emitter, in pixels per second squared."""
 
     def SetModeA_RadialAccel(self, value: float) -> None:
-        """Set `RadialAccel`: acceleration away from the emitter, pixels per second squared"""
+        """Set `RadialAccel`: acceleration away from the emitter, in pixels per second squared."""
 
     def GetModeA_TangentialAccel(self) -> float:
-        """Return `TangentialAccel`: acceleration across that, pixels per second squared"""
+        """Return `TangentialAccel`: acceleration across the way from the emitter, in pixels per
+        second squared.
+        """
 
     def SetModeA_TangentialAccel(self, value: float) -> None:
-        """Set `TangentialAccel`: acceleration across that, pixels per second squared"""
+        """Set `TangentialAccel`: acceleration across the way from the emitter, in pixels per
+        second squared.
+        """
 
     def GetModeB_BeginRaidus(self) -> float:
-        """Return `BeginRadius`: radius at birth in "Circle" mode, pixels"""
+        """Return `BeginRadius`: radius at birth in "Circle" mode, in pixels."""
 
     def SetModeB_BeginRaidus(self, value: float) -> None:
-        """Set `BeginRadius`: radius at birth in "Circle" mode, pixels"""
+        """Set `BeginRadius`: radius at birth in "Circle" mode, in pixels."""
 
     def GetModeB_EndRaidus(self) -> float | str:
-        """Return `EndRadius`: radius at death, pixels, or "Begin" """
+        """Return `EndRadius`: radius at death in pixels, or "Begin" for no change."""
 
     def SetModeB_EndRaidus(self, value: float | str) -> None:
-        """Set `EndRadius`: radius at death, pixels, or "Begin" """
+        """Set `EndRadius`: radius at death in pixels, or "Begin" for no change."""
 
     def GetModeB_RotateValue(self) -> float:
-        """Return `RotateValue`: angle on the circle, degrees"""
+        """Return `RotateValue`: angle on the circle in degrees."""
 
     def SetModeB_RotateValue(self, value: float) -> None:
-        """Set `RotateValue`: angle on the circle, degrees"""
+        """Set `RotateValue`: angle on the circle in degrees."""
 
     def GetModeB_RotateSpeed(self) -> float:
-        """Return `RotateSpeed`: degrees per second on the circle"""
+        """Return `RotateSpeed`: speed on the circle in degrees per second."""
 
     def SetModeB_RotateSpeed(self, value: float) -> None:
-        """Set `RotateSpeed`: degrees per second on the circle"""
+        """Set `RotateSpeed`: speed on the circle in degrees per second."""
 
     def GetParticleMode(self) -> str | None:
-        """Return `ParticleMode`: "Gravity" or "Circle", set by the emitter"""
+        """Return `ParticleMode`: movement mode, "Gravity" or "Circle", set by the emitter; None
+        before.
+        """
 
     def SetParticleMode(self, value: str | None) -> None:
-        """Set `ParticleMode`: "Gravity" or "Circle", set by the emitter"""
+        """Set `ParticleMode`: movement mode, "Gravity" or "Circle", set by the emitter; None
+        before.
+        """
 
     def SetBeginLife(self, value: float) -> None:
         """Set `BeginLife` and `CurrLife`: the particle is newly born."""
@@ -4021,36 +4674,40 @@ class PyGameResManager:
     """Finds every file below a folder and loads files by their bare names.
 
     Case does not matter. A folder that does not exist gives an empty index. Of files that share
-    a name the one met last counts.
+    a name the one met last counts. Raises TypeError for what is no path.
+
+    >>> Tessora.Res = Tessora.PyGameResManager(".")
+    >>> hero = Tessora.Res.LoadImage("hero.png")
+    hero.png load:1
     """
 
     resdir: str
     """Root folder of the resources."""
     fontdir: str | None
-    """Folder of the fonts; stored for scripts."""
+    """Folder of the fonts; stored for scripts. Default None."""
     fileDict: dict[str, str]
-    """Full paths by lower-case file name, which includes the extension."""
+    """Full paths by lower-case file name, which includes the extension. Default {}."""
     ImageDict: dict[str, pygame.Surface]
-    """Loaded surfaces by the names under which they were asked for."""
+    """Loaded surfaces by the names under which they were asked for. Default {}."""
     soundDict: dict[int, pygame.mixer.Sound]
-    """pygame.mixer.Sound objects by sound number."""
+    """Loaded sounds by their numbers. Default {}."""
     ImageDict_MemManage_List: list[str]
-    """Names of the loaded images, least recently used first."""
+    """Names of the loaded images, least recently used first. Default []."""
     ImageDict_MemManage_Total: int
-    """Intended number of cached images; nothing is ever dropped for it."""
+    """Intended number of cached images; nothing is ever dropped for it. Default 100."""
     ImageDict_MemManage_Count: int
-    """Number of images loaded since the last release."""
+    """Number of images loaded since the last release. Default 0."""
     SceneJsonDict: list[str]
-    """List of the scenes' names."""
+    """The scenes' names. Default []."""
     soundPlayCount: int
-    """The next sound's number."""
+    """Number that the next sound gets. Default 0."""
 
     def __init__(self, resdir: _File) -> None: ...
     def SetFontDir(self, path: str | None) -> None:
-        """Set `fontdir`: Folder of the fonts; stored for scripts."""
+        """Set `fontdir`: folder of the fonts; stored for scripts."""
 
     def GetSceneList(self) -> list[str]:
-        """Return `SceneJsonDict`: List of the scenes' names."""
+        """Return `SceneJsonDict`: the scenes' names."""
 
     def FoundAllResFile(self, parentDir: _File, dirType: str | None = None) -> None:
         """Add the files of a folder and of all folders below it to the index.
@@ -4098,7 +4755,10 @@ class PyGameResManager:
         """
 
     def StopMusic(self) -> None:
-        """Stop the music."""
+        """Stop the music.
+
+        Raises pygame.error while pygame.mixer is not initialised.
+        """
 
     def PlaySound(self, fileName: _File) -> int:
         """Play a sound file and return its number for StopSound, or -1 for an unknown name.
@@ -4122,32 +4782,36 @@ class PyGameResManager:
 class GAction:
     """A timed job on a node; the base of all actions.
 
-    Give actions to a node's RunAction, which plays them one after another.
+    Give actions to a node's RunAction, which plays them one after another. A class of one's own
+    overrides update and sets `over` at the end.
+
+    >>> node.RunAction(Tessora.MoveToAction(2, 300, 50), Tessora.BlinkAction(1, 3))
+    >>> node.update(0.5)
     """
 
     running: bool
-    """Whether the action was started and is not paused. It stays true at the end."""
+    """Whether the action was started and is not paused. It stays true at the end. Default False."""
     targetNode: GameNode | None
-    """The node that the action works on, or None."""
+    """The node that the action works on, or None. Default None."""
     runtime: float
-    """Seconds since the last Run."""
+    """Seconds since the last Run. Default 0."""
     over: bool
-    """Whether the action has finished."""
+    """Whether the action has finished. Default False."""
 
     def __init__(self) -> None: ...
     def IsRunning(self) -> bool:
-        """Return `running`: Whether the action was started and is not paused. It stays true at the
+        """Return `running`: whether the action was started and is not paused. It stays true at the
         end.
         """
 
     def SetTarget(self, targetNode: GameNode | None) -> None:
-        """Set `targetNode`: The node that the action works on, or None."""
+        """Set `targetNode`: the node that the action works on, or None."""
 
     def GetRunTime(self) -> float:
-        """Return `runtime`: Seconds since the last Run."""
+        """Return `runtime`: seconds since the last Run."""
 
     def IsOver(self) -> bool:
-        """Return `over`: Whether the action has finished."""
+        """Return `over`: whether the action has finished."""
 
     def Run(self) -> None:
         """Start the action, or start it again from the beginning."""
@@ -4172,6 +4836,10 @@ class CallBackAction(GAction):
     """Calls a function once, when `duration` seconds are over.
 
     The function gets one argument: the dictionary `callbackParams`.
+
+    >>> node.RunAction(Tessora.CallBackAction(1, lambda params: print(params["text"]), text="now"))
+    >>> node.update(1)
+    now
     """
 
     duration: float
@@ -4199,6 +4867,8 @@ class MoveToAction(GAction):
 
     The way begins at the node's world position but is set as its local one: the two agree for a
     node without an anchor whose parent, if any, is at the origin.
+
+    >>> node.RunAction(Tessora.MoveToAction(2, 300, 50))
     """
 
     duration: float
@@ -4223,6 +4893,8 @@ class MoveByAction(GAction):
     """Moves a node by (`x`, `y`) pixels in `duration` seconds.
 
     Started again, it moves on from where the node is by then.
+
+    >>> node.RunAction(Tessora.MoveByAction(2, 100, 0))
     """
 
     duration: float
@@ -4244,7 +4916,10 @@ class MoveByAction(GAction):
 
 @_disjoint_base
 class ScaleToAction(GAction):
-    """Scales a node to (`sx`, `sy`) in `duration` seconds."""
+    """Scales a node to the factors (`sx`, `sy`) in `duration` seconds.
+
+    >>> node.RunAction(Tessora.ScaleToAction(1, 2.0, 2.0))
+    """
 
     duration: float
     """Seconds that the change takes."""
@@ -4265,7 +4940,10 @@ class ScaleToAction(GAction):
 
 @_disjoint_base
 class ScaleByAction(GAction):
-    """Adds (`sx`, `sy`) to a node's scale in the course of `duration` seconds."""
+    """Adds (`sx`, `sy`) to a node's scale factors in the course of `duration` seconds.
+
+    >>> node.RunAction(Tessora.ScaleByAction(1, 0.5, 0.5))
+    """
 
     duration: float
     """Seconds that the change takes."""
@@ -4286,15 +4964,17 @@ class ScaleByAction(GAction):
 
 @_disjoint_base
 class RotateToAction(GAction):
-    """Turns a node to `angle` degrees in `duration` seconds.
+    """Turns a node to `angle` degrees, counter-clockwise, in `duration` seconds.
 
     The turn is the plain difference of the two angles, never the shorter way round.
+
+    >>> node.RunAction(Tessora.RotateToAction(1, 90))
     """
 
     duration: float
     """Seconds that the turn takes."""
     srcAngle: float
-    """The node's angle in degrees when the action was started."""
+    """The node's angle in degrees when the action was started. Default 0."""
     dstAngle: float
     """The angle in degrees at the end."""
 
@@ -4307,12 +4987,15 @@ class RotateToAction(GAction):
 
 @_disjoint_base
 class RotateByAction(GAction):
-    """Turns a node by `angle` degrees in `duration` seconds."""
+    """Turns a node by `angle` degrees, counter-clockwise, in `duration` seconds.
+
+    >>> node.RunAction(Tessora.RotateByAction(1, 360))
+    """
 
     duration: float
     """Seconds that the turn takes."""
     srcAngle: float
-    """The node's angle in degrees when the action was started."""
+    """The node's angle in degrees when the action was started. Default 0."""
     dstAngle: float
     """The whole turn in degrees."""
 
@@ -4329,6 +5012,8 @@ class BlinkAction(GAction):
 
     The node is left hidden. With a count of -1 it blinks once in every `duration`, until the
     action is stopped. Raises ZeroDivisionError for a count of 0.
+
+    >>> node.RunAction(Tessora.BlinkAction(1, 3))
     """
 
     duration: float
@@ -4338,7 +5023,7 @@ class BlinkAction(GAction):
     delaytime: float
     """Seconds per blink; negative when there is no end."""
     blinkindex: int
-    """Number of blinks so far."""
+    """Number of blinks so far. Default 0."""
 
     def __init__(self, duration: float, blinkcount: int = -1) -> None: ...
     def Run(self) -> None:
@@ -4358,12 +5043,17 @@ class ActionPlayer(GAction):
 
     Call SetTarget, AddActions and Run, in this order, before update: until then the attributes
     of the base class do not exist.
+
+    >>> player = Tessora.ActionPlayer()
+    >>> player.SetTarget(node)
+    >>> player.AddActions([Tessora.MoveByAction(1, 50, 0), Tessora.RotateByAction(1, 90)])
+    >>> player.Run()
     """
 
     ActionArray: tuple[Sequence[GAction], ...] | None
-    """The groups of actions, of which the first is played, or None."""
+    """The groups of actions, of which the first is played, or None. Default None."""
     ActionIndex: int
-    """Place of the action that is playing in the first group."""
+    """Place of the action that is playing in the first group. Default 0."""
 
     def __init__(self) -> None: ...
     def AddActions(self, *groups: Sequence[GAction]) -> None:

@@ -219,9 +219,10 @@ def _parted(members):
 
 
 def _variable(directive, head, row, default, links, types, owner):
-    doc = reference_text.without_default(reference_text.sentence(row["doc"]), default.code)
-    body = reference_text.text(doc, links, owner, {row["name"]})
-    if default.words and "Default" not in doc:
+    # The default stands apart here, as it was read from an object.
+    told = reference_text.sentence(row["doc"].partition(" Default ")[0])
+    body = reference_text.text(told, links, owner, {row["name"]})
+    if default.words:
         body += f"\n\nDefault: {reference_text.text(default.words, links)}."
     return _entry(directive, head, body, type=types.plain(row["type"]), value=default.code)
 

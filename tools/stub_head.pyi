@@ -1,5 +1,3 @@
-"""2D game engine on pygame: scene nodes in layers, actions, pictures, labels, buttons."""
-
 # Written by `make stubs`: the head is tools/stub_head.pyi, the rest is what the module says of
 # itself. It is valid Python from 3.8 on, for documentation generators that execute it.
 from __future__ import annotations
@@ -48,11 +46,15 @@ else:
 XMLElementTree = _ElementTree
 
 __version__: str
+"""Version of the engine, such as "1.2.0"."""
 
 # From the standard library, imported at first use; `telnetlib` is gone from 3.13.
 Pass: Any
+"""`ast.Pass` of the standard library."""
 c: Any
+"""`calendar.c` of the standard library."""
 if sys.version_info < (3, 13):
     theNULL: Any
+    """`telnetlib.theNULL` of the standard library."""
 
 # `Res` is None until the game sets it, but `Any`: a test before every use would help nobody.

@@ -1,5 +1,5 @@
-"""Writes Tessora.pyi: the head from tools/stub_head.pyi, then what the module on the path says
-of itself. --check compares instead."""
+"""Writes Tessora.pyi: the docstring of the module on the path, the head from tools/stub_head.pyi,
+then what the module says of its contents. --check compares instead."""
 
 import argparse
 import ast
@@ -42,11 +42,12 @@ def laid_out(text):
 
 
 def docstring(text, indent=""):
-    """A docstring's lines: paragraphs are filled, lists and indented lines are kept."""
+    """A docstring's lines: paragraphs are filled; lists, examples, indented lines are kept."""
     text = inspect.cleandoc(text).strip().replace("\\", "\\\\").replace('"""', '\\"\\"\\"')
     paragraphs = []
     for paragraph in text.split("\n\n"):
-        is_prose = not any(line.startswith((" ", "- ")) for line in paragraph.split("\n"))
+        kept = (" ", "- ", ">>> ")
+        is_prose = not any(line.startswith(kept) for line in paragraph.split("\n"))
         paragraphs.append(_filled(paragraph, WIDTH - len(indent)) if is_prose else paragraph)
     body = "\n\n".join(paragraphs)
     if "\n" in body:
@@ -165,7 +166,8 @@ def written():
 
     if not hasattr(Tessora, "__declarations__"):
         raise Problem(f"{Tessora.__file__} does not say what it declares.")
-    return laid_out(stub_text(HEAD.read_text(encoding="utf-8"), Tessora.__declarations__()))
+    body = stub_text(HEAD.read_text(encoding="utf-8"), Tessora.__declarations__())
+    return laid_out(docstring(Tessora.__doc__) + "\n" + body)
 
 
 def main():

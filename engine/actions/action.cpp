@@ -33,7 +33,10 @@ void register_action(PyObject* module) {
   host::Declaration<GAction> action(
       module, "GAction",
       "A timed job on a node; the base of all actions.\n\n"
-      "Give actions to a node's RunAction, which plays them one after another.");
+      "Give actions to a node's RunAction, which plays them one after another. A class of one's "
+      "own overrides update and sets `over` at the end.\n\n"
+      ">>> node.RunAction(Tessora.MoveToAction(2, 300, 50), Tessora.BlinkAction(1, 3))\n"
+      ">>> node.update(0.5)");
   action.constructor("()");
   action
       .attribute<&GAction::running>(

@@ -58,8 +58,12 @@ void register_action_player(PyObject* module) {
   host::Declaration<ActionPlayer, GAction> player(
       module, "ActionPlayer",
       "Plays a group of actions on a node, one after another; see GameNode.RunAction.\n\n"
-      "Call SetTarget, AddActions and Run, in this order, before update: until then the\n"
-      "attributes of the base class do not exist.");
+      "Call SetTarget, AddActions and Run, in this order, before update: until then the attributes "
+      "of the base class do not exist.\n\n"
+      ">>> player = Tessora.ActionPlayer()\n"
+      ">>> player.SetTarget(node)\n"
+      ">>> player.AddActions([Tessora.MoveByAction(1, 50, 0), Tessora.RotateByAction(1, 90)])\n"
+      ">>> player.Run()");
   player.constructor_alone("()");
   player.attribute<&ActionPlayer::ActionArray>(
       "ActionArray: tuple[Sequence[GAction], ...] | None", nullptr,

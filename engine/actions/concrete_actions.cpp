@@ -77,7 +77,11 @@ void declare_callback(PyObject* module) {
   host::Declaration<Action, GAction> action(
       module, "CallBackAction",
       "Calls a function once, when `duration` seconds are over.\n\n"
-      "The function gets one argument: the dictionary `callbackParams`.");
+      "The function gets one argument: the dictionary `callbackParams`.\n\n"
+      ">>> node.RunAction(Tessora.CallBackAction(1, lambda params: print(params[\"text\"]), "
+      "text=\"now\"))\n"
+      ">>> node.update(1)\n"
+      "now");
   action.constructor(
       "(duration: float, callbackFunc: Callable[[dict[str, Any]], Any] | None,"
       " **callbackParams: Any)");
@@ -116,8 +120,9 @@ void declare_blink(PyObject* module) {
   host::Declaration<Action, GAction> action(
       module, "BlinkAction",
       "Hides and shows a node `blinkcount` times in `duration` seconds.\n\n"
-      "The node is left hidden. With a count of -1 it blinks once in every `duration`, until\n"
-      "the action is stopped. Raises ZeroDivisionError for a count of 0.");
+      "The node is left hidden. With a count of -1 it blinks once in every `duration`, until the "
+      "action is stopped. Raises ZeroDivisionError for a count of 0.\n\n"
+      ">>> node.RunAction(Tessora.BlinkAction(1, 3))");
   action.constructor("(duration: float, blinkcount: int = -1)");
   declare_duration(action, "Seconds that all blinks take.");
   action.attribute<&Action::blinkcount>("blinkcount: int", host::given("blinkcount"),
@@ -144,12 +149,15 @@ void register_concrete_actions(PyObject* module) {
   register_vector_actions(module);
   declare_rotation<Course::kTo>(
       module, "RotateToAction",
-      "Turns a node to `angle` degrees in `duration` seconds.\n\n"
-      "The turn is the plain difference of the two angles, never the shorter way round.",
+      "Turns a node to `angle` degrees, counter-clockwise, in `duration` seconds.\n\n"
+      "The turn is the plain difference of the two angles, never the shorter way round.\n\n"
+      ">>> node.RunAction(Tessora.RotateToAction(1, 90))",
       "The angle in degrees at the end.");
-  declare_rotation<Course::kBy>(module, "RotateByAction",
-                                "Turns a node by `angle` degrees in `duration` seconds.",
-                                "The whole turn in degrees.");
+  declare_rotation<Course::kBy>(
+      module, "RotateByAction",
+      "Turns a node by `angle` degrees, counter-clockwise, in `duration` seconds.\n\n"
+      ">>> node.RunAction(Tessora.RotateByAction(1, 360))",
+      "The whole turn in degrees.");
   declare_blink(module);
 }
 

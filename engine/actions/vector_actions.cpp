@@ -108,19 +108,24 @@ void register_vector_actions(PyObject* module) {
   declare<kPosition, Course::kTo>(
       module, "MoveToAction",
       "Moves a node to the position (`x`, `y`) in pixels, in `duration` seconds.\n\n"
-      "The way begins at the node's world position but is set as its local one: the two agree for\n"
-      "a node without an anchor whose parent, if any, is at the origin.",
+      "The way begins at the node's world position but is set as its local one: the two agree for "
+      "a node without an anchor whose parent, if any, is at the origin.\n\n"
+      ">>> node.RunAction(Tessora.MoveToAction(2, 300, 50))",
       "pygame.math.Vector2: where the movement ends.");
   declare<kPosition, Course::kBy>(module, "MoveByAction",
                                   "Moves a node by (`x`, `y`) pixels in `duration` seconds.\n\n"
-                                  "Started again, it moves on from where the node is by then.",
+                                  "Started again, it moves on from where the node is by then.\n\n"
+                                  ">>> node.RunAction(Tessora.MoveByAction(2, 100, 0))",
                                   "pygame.math.Vector2: the whole way in pixels.");
-  declare<kScale, Course::kTo>(module, "ScaleToAction",
-                               "Scales a node to (`sx`, `sy`) in `duration` seconds.",
-                               "pygame.math.Vector2: the scale at the end.");
+  declare<kScale, Course::kTo>(
+      module, "ScaleToAction",
+      "Scales a node to the factors (`sx`, `sy`) in `duration` seconds.\n\n"
+      ">>> node.RunAction(Tessora.ScaleToAction(1, 2.0, 2.0))",
+      "pygame.math.Vector2: the scale at the end.");
   declare<kScale, Course::kBy>(
       module, "ScaleByAction",
-      "Adds (`sx`, `sy`) to a node's scale in the course of `duration` seconds.",
+      "Adds (`sx`, `sy`) to a node's scale factors in the course of `duration` seconds.\n\n"
+      ">>> node.RunAction(Tessora.ScaleByAction(1, 0.5, 0.5))",
       "pygame.math.Vector2: what is added to the scale.");
 }
 

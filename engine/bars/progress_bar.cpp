@@ -100,20 +100,21 @@ void register_progress_bar(PyObject* module, const char* name, const char* kind,
   bar.template sets<&Bar::width>(across ? kLong : kThick);
   bar.template sets<&Bar::height>(across ? kThick : kLong);
   bar.template sets<&Bar::textColor>(host::color(255, 255, 255));
-  bar.template attribute<&Bar::ProgressImage>("ProgressImage: GUI_Label", host::unset(), "the fill")
+  bar.template attribute<&Bar::ProgressImage>("ProgressImage: GUI_Label", host::unset(),
+                                              "The fill.")
       .getter("GetProgressImage");
   bar.template step<&Bar::make_fill>();
   bar.template attribute<&Bar::PositionImage>("PositionImage: GUI_Label", host::unset(),
-                                              "the marker at the end of the fill")
+                                              "The marker at the end of the fill.")
       .getter("GetPositionImages");
   bar.template step<&Bar::make_marker>();
   bar.template sets<&Bar::bgColor>(host::color(255, 255, 255));
-  bar.template attribute<&Bar::minvalue>("minvalue: float", 0, "value of an empty bar");
-  bar.template attribute<&Bar::maxvalue>("maxvalue: float", 100, "value of a full bar");
+  bar.template attribute<&Bar::minvalue>("minvalue: float", 0, "Value of an empty bar.");
+  bar.template attribute<&Bar::maxvalue>("maxvalue: float", 100, "Value of a full bar.");
   bar.template pair<&Bar::minvalue, &Bar::maxvalue>("GetRange", "SetRange",
                                                     "(minvalue: float, maxvalue: float)");
   bar.template attribute<&Bar::currvalue>("currvalue: float", 50,
-                                          "the value; what is set is not limited to the range")
+                                          "The value; what is set is not limited to the range.")
       .pair("GetValue", "SetValue", "value");
   bar.template step<&Bar::begin_sunken>();
   bar.template method<&set_part_images<&Bar::ProgressImage>>(
@@ -137,9 +138,17 @@ void register_progress_bar(PyObject* module, const char* name, const char* kind,
 
 void register_progress_bars(PyObject* module) {
   register_progress_bar<Along::kAcross>(module, "GUI_HProgressBar", "HProgressBar",
-                                        "A value in a range as a bar that fills from the left.");
+                                        "A value in a range as a bar that fills from the left.\n\n"
+                                        "The arguments are those of a label; a new bar has 100 x "
+                                        "20 pixels and the range 0 to 100.\n\n"
+                                        ">>> life = Tessora.GUI_HProgressBar(None, 10, 20)\n"
+                                        ">>> life.SetValue(75)");
   register_progress_bar<Along::kDown>(module, "GUI_VProgressBar", "VProgressBar",
-                                      "A value in a range as a bar that fills from the top.");
+                                      "A value in a range as a bar that fills from the top.\n\n"
+                                      "The arguments are those of a label; a new bar has 20 x 100 "
+                                      "pixels and the range 0 to 100.\n\n"
+                                      ">>> depth = Tessora.GUI_VProgressBar(None, 10, 20)\n"
+                                      ">>> depth.SetValue(75)");
 }
 
 }  // namespace tessora

@@ -154,29 +154,39 @@ void GUI_Scale::draw(Value screen, Value offset_x, Value offset_y, Value scale) 
 void register_scale(PyObject* module) {
   using S = GUI_Scale;
   host::Declaration<S, GUI_Image> scale(
-      module, "GUI_Scale", "A slider: a value that goes in steps, a button to drag, a ruler.");
+      module, "GUI_Scale",
+      "A slider: a value that goes in steps, a button to drag, a ruler.\n\n"
+      "`x` and `y` place the anchor in the parent, in pixels; a new scale has 120 x 20. Set "
+      "`PickUpFunction` to learn of a new value.\n\n"
+      ">>> volume = Tessora.GUI_Scale(None, 10, 20)\n"
+      ">>> volume.SetRange(0, 10)\n"
+      ">>> volume.SetValue(7)");
   scale.constructor(kImageParameters);
   scale.sets<&S::NodeType>("Scale").sets<&S::width>(120).sets<&S::height>(20);
-  scale.attribute<&S::font>("font: pygame.font.Font", host::unset(),
-                            "pygame font that renders the value");
+  scale.attribute<&S::font>(
+      "font: pygame.font.Font", host::unset(),
+      "pygame.font.Font that renders the value, at first Arial of 16 pixels.");
   scale.step<&S::start_font>();
   scale
       .attribute<&S::textColor>("textColor: pygame.Color", host::color(255, 255, 255),
-                                "colour of the value and the ruler")
+                                "Colour of the value and the ruler.")
       .color_setter<host::Alpha::kGiven>("SetTextColor");
   scale.attribute<&S::texttopgap>("texttopgap: float", 2,
-                                  "distance of the value from the scale, pixels");
+                                  "Distance of the value from the scale in pixels.");
   scale
-      .attribute<&S::textalign_V>("textalign_V: str", "bottom",
-                                  "the value stands above (\"top\"), below (\"bottom\") or inside")
+      .attribute<&S::textalign_V>(
+          "textalign_V: str", "bottom",
+          "Where the value stands: above (\"top\"), below (\"bottom\") or inside (anything else).")
       .pair("GetTextAlign", "SetTextAlign", "align");
   scale.sets<&S::bgColor>(host::color(168, 168, 168));
-  scale.attribute<&S::Button>("Button: GUI_Button", host::unset(), "the button to drag")
+  scale.attribute<&S::Button>("Button: GUI_Button", host::unset(), "The button to drag.")
       .getter("GetButton");
   scale.step<&S::make_button>();
-  scale.attribute<&S::ButtonPicked>("ButtonPicked: bool", false, "the button follows the pointer");
+  scale.attribute<&S::ButtonPicked>("ButtonPicked: bool", false,
+                                    "Whether the button follows the pointer.");
   declare_range(scale, 50, 20);
-  scale.attribute<&S::rulerVisible>("rulerVisible: bool", true, "draw the ruler and the value");
+  scale.attribute<&S::rulerVisible>("rulerVisible: bool", true,
+                                    "Whether the ruler and the value are drawn.");
   scale.step<&S::begin_sunken>();
   scale
       .method<&S::pick_button>("BtnPickDownFunction(node: GameNode | None = None) -> None",

@@ -149,18 +149,19 @@ void register_scroll_bar(PyObject* module, const char* doc) {
   bar.template sets<&Bar::height>(across ? kThick : kLong);
   bar.template sets<&Bar::bgColor>(host::color(168, 168, 168));
   bar.template attribute<&Bar::first_button>(button(kName.first), host::unset(),
-                                             "button that takes a step back");
+                                             "Button that takes a step back.");
   bar.template step<&Bar::make_first_button>();
-  bar.template attribute<&Bar::MidButton>("MidButton: GUI_Button", host::unset(), "the thumb")
+  bar.template attribute<&Bar::MidButton>("MidButton: GUI_Button", host::unset(),
+                                          "The thumb, a button to drag.")
       .getter("GetButton");
   bar.template step<&Bar::make_thumb>();
   bar.template attribute<&Bar::MidButtonPicked>("MidButtonPicked: bool", false,
-                                                "the thumb follows the pointer");
+                                                "Whether the thumb follows the pointer.");
   bar.template attribute<&Bar::last_button>(button(kName.last), host::unset(),
-                                            "button that takes a step on");
+                                            "Button that takes a step on.");
   bar.template step<&Bar::make_last_button>();
   declare_range(bar, 0, 10);
-  bar.template attribute<&Bar::rulerVisible>("rulerVisible: bool", true, "free for scripts");
+  bar.template attribute<&Bar::rulerVisible>("rulerVisible: bool", true, "Free for scripts.");
   bar.template step<&Bar::begin_raised>();
   bar.template method<&Bar::step_back>(press(kName.first),
                                        "Take a step back, to `minvalue` at most.");
@@ -183,9 +184,19 @@ void register_scroll_bar(PyObject* module, const char* doc) {
 
 void register_scroll_bars(PyObject* module) {
   register_scroll_bar<Along::kDown>(
-      module, "An upright scroll bar: a value that goes in steps and a thumb to drag.");
+      module,
+      "An upright scroll bar: a value that goes in steps and a thumb to drag.\n\n"
+      "`x` and `y` place the anchor in the parent, in pixels; a new bar has 20 x 120 and the range "
+      "0 to 100. Set `PickUpFunction` to learn of a new value.\n\n"
+      ">>> bar = Tessora.GUI_VScrollBar(None, 10, 20)\n"
+      ">>> bar.SetRange(0, 40)");
   register_scroll_bar<Along::kAcross>(
-      module, "A horizontal scroll bar: a value that goes in steps and a thumb to drag.");
+      module,
+      "A horizontal scroll bar: a value that goes in steps and a thumb to drag.\n\n"
+      "`x` and `y` place the anchor in the parent, in pixels; a new bar has 120 x 20 and the range "
+      "0 to 100. Set `PickUpFunction` to learn of a new value.\n\n"
+      ">>> bar = Tessora.GUI_HScrollBar(None, 10, 20)\n"
+      ">>> bar.SetRange(0, 40)");
 }
 
 }  // namespace tessora

@@ -27,14 +27,15 @@ Ref make_bar_button(GUI_Image& owner, const Number& x, const Number& y, Value me
 // The rows of a value in a range that goes in steps.
 template <class Bar>
 void declare_range(host::Declaration<Bar, GUI_Image>& d, int value, int step) {
-  d.template attribute<&Bar::minvalue>("minvalue: float", 0, "value at the beginning of the track");
-  d.template attribute<&Bar::maxvalue>("maxvalue: float", 100, "value at its end");
+  d.template attribute<&Bar::minvalue>("minvalue: float", 0,
+                                       "Value at the beginning of the track.");
+  d.template attribute<&Bar::maxvalue>("maxvalue: float", 100, "Value at the end of the track.");
   d.template pair<&Bar::minvalue, &Bar::maxvalue>("GetRange", "SetRange",
                                                   "(minvalue: float, maxvalue: float)");
   d.template attribute<&Bar::currvalue>("currvalue: float", value,
-                                        "the value; what is set is not limited to the range")
+                                        "The value; what is set is not limited to the range.")
       .pair("GetValue", "SetValue", "value");
-  d.template attribute<&Bar::step>("step: float", step, "what one step adds or takes away")
+  d.template attribute<&Bar::step>("step: float", step, "What one step adds or takes away.")
       .pair("GetStep", "SetStep", "step");
 }
 

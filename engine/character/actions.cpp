@@ -117,25 +117,23 @@ void declare_actions(CharacterDeclaration& character) {
           "CleanUpAction() -> None",
           "Delete all actions, ending the one that is played, and forget their images.")
       .method<&C::GetActionCount>("GetActionCount() -> int", "Return the number of actions.")
-      .method<&C::GetActionName>(
-          "GetActionName(index: int) -> str",
-          "Return the name of an action by its place; IndexError for an unknown one.")
+      .method<&C::GetActionName>("GetActionName(index: int) -> str",
+                                 "Return the name of an action by its place, counted from "
+                                 "0.\n\nRaises IndexError for an unknown one.")
       .method<&C::GetActionNameList>("GetActionNameList() -> list[str]",
                                      "Return a new list of the actions' names.")
-      .method<&C::GetActionInfo>(
-          "GetActionInfo(actionName: str) -> dict[str, Any]",
-          "Return a new dictionary about an action: \"fpsdelay\" (seconds per frame), "
-          "\"endframe\", \"keyframes\" and \"parts\" (sorted lists of indexes).\n\nKeyError for an "
-          "unknown one.")
+      .method<&C::GetActionInfo>("GetActionInfo(actionName: str) -> dict[str, Any]",
+                                 "Return a new dictionary about an action: \"fpsdelay\" (seconds "
+                                 "per frame), \"endframe\", \"keyframes\" and \"parts\" (sorted "
+                                 "lists of indexes).\n\nRaises KeyError for an unknown one.")
       .method<&C::SetActionSpeed>("SetActionSpeed(actionName: str, fpsdelay: float = 0.3) -> None",
                                   "Set the time that each frame of the action lasts, in seconds.")
       .method<&C::GetActionSpeed>(
           "GetActionSpeed(actionName: str) -> float",
-          "Return the seconds per frame of the action; KeyError for an unknown one.")
-      .method<&C::GetEndFrame>(
-          "GetEndFrame(actionName: str) -> int",
-          "Return the action's last key frame, 0 for one without key frames; KeyError for an "
-          "unknown one.");
+          "Return the seconds per frame of the action.\n\nRaises KeyError for an unknown one.")
+      .method<&C::GetEndFrame>("GetEndFrame(actionName: str) -> int",
+                               "Return the action's last key frame, 0 for one without key "
+                               "frames.\n\nRaises KeyError for an unknown action.");
 }
 
 }  // namespace tessora

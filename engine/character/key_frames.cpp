@@ -164,8 +164,8 @@ void declare_track(CharacterDeclaration& character) {
       character.keep("Set" + word + "(actionName: str, frameIndex: int, value: " + value_type +
                      ", partIndex: int = 0) -> None"),
       character.keep("Set what a key frame says of a part: " + about +
-                     "\n\nNone: nothing. A frame that is no key frame becomes one. KeyError "
-                     "for an unknown action."));
+                     "\n\n`value` None means nothing, `partIndex` counts the parts from 0. A frame "
+                     "that is no key frame becomes one. Raises KeyError for an unknown action."));
   character.method<&get_track<Index>>(
       character.keep("Get" + word +
                      "(actionName: str | None, frameIndex: int, "

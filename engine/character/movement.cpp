@@ -75,24 +75,31 @@ bool GameCharacter::isMoveState() {
 void declare_movement(CharacterDeclaration& character) {
   using C = GameCharacter;
   character
-      .method<&C::SetPlayer>("SetPlayer() -> None",
-                             "Make the character the player and tell it to the scene's "
-                             "SetPlayer(), if there is a scene.")
+      .method<&C::SetPlayer>(
+          "SetPlayer() -> None",
+          "Make the character the player and tell it to the scene's SetPlayer(), if there is a "
+          "scene.\n\nRaises AttributeError when the scene has no such method.")
       .method<&C::UnsetPlayer>(
           "UnsetPlayer() -> None",
-          "Make the character no player and call the scene's SetPlayer(None), if there is a scene.")
-      .method<&C::Dead>("Dead() -> None", "Set `isDead`.")
+          "Make the character no player and call the scene's SetPlayer(None), if there is a "
+          "scene.\n\nRaises AttributeError when the scene has no such method.")
+      .method<&C::Dead>("Dead() -> None",
+                        "Set `isDead` to True; what follows from it is the script's.")
       .method<&C::IsUpState>("IsUpState() -> bool",
                              "Return whether the character rises: `dropSpeed` is negative.")
-      .method<&C::Jump>("Jump(jumpspeed: float | None = None) -> None",
-                        "Start a jump: `dropSpeed` becomes `jumpspeed`, by default the game "
-                        "variable of that name, whose sign is kept.")
+      .method<&C::Jump>(
+          "Jump(jumpspeed: float | None = None) -> None",
+          "Start a jump: `dropSpeed` becomes `jumpspeed`, by default the game variable of that "
+          "name, whose sign is kept.\n\nRaises KeyError when there is no such variable.")
       .method<&C::StopJump>("StopJump() -> None", "End the jump and set `dropSpeed` to 0.")
       .method<&C::StopMove>("StopMove() -> None", "Set `moveDir` to a new list [0, 0].")
-      .method<&C::Move_Right>("Move_Right() -> None", "Set the horizontal direction to 1.0.")
-      .method<&C::Move_Left>("Move_Left() -> None", "Set the horizontal direction to -1.0.")
-      .method<&C::Move_Down>("Move_Down() -> None", "Set the vertical direction to 1.0.")
-      .method<&C::Move_Up>("Move_Up() -> None", "Set the vertical direction to -1.0.")
+      .method<&C::Move_Right>("Move_Right() -> None",
+                              "Set the horizontal direction in `moveDir` to 1.0.")
+      .method<&C::Move_Left>("Move_Left() -> None",
+                             "Set the horizontal direction in `moveDir` to -1.0.")
+      .method<&C::Move_Down>("Move_Down() -> None",
+                             "Set the vertical direction in `moveDir` to 1.0.")
+      .method<&C::Move_Up>("Move_Up() -> None", "Set the vertical direction in `moveDir` to -1.0.")
       .method<&C::isMoveState>("isMoveState() -> bool",
                                "Return whether a direction in `moveDir` is not 0.");
 }

@@ -235,7 +235,8 @@ void declare_playing(CharacterDeclaration& character) {
           "children in place of those of the action before, with the first key frame's pictures; "
           "the other values come with the first update. `callbackfun` is called with the keyword "
           "arguments each time when the last frame has passed; it may start another action.")
-      .method<&C::StopAction>("StopAction() -> None", "Stop advancing frames.")
+      .method<&C::StopAction>("StopAction() -> None",
+                              "Stop advancing frames; the current frame stays.")
       .method<&C::update>(
           "update(delay: float) -> None",
           "Advance the node and its parts by `delay` seconds and the action by at most one "

@@ -54,17 +54,20 @@ template <auto Table, class Declaration>
 void declare_table(Declaration& owner, const char* kind, const char* parameter, const char* type) {
   const std::string word(kind);
   const std::string name = std::string("(") + parameter + ": str) -> ";
+  const std::string table = "`" + word + "Array`";
+  const std::string unknown = "Raises KeyError for an unknown one.";
   owner
       .template method<&get_entry<Table>>(
           owner.keep("Get" + word + name + type),
-          "Return the entry of that name; KeyError for an unknown one.")
+          owner.keep("Return the entry of that name in " + table + ".\n\n" + unknown))
       .template method<&delete_entry<Table>>(
           owner.keep("Del" + word + name + "None"),
-          "Delete the entry of that name; KeyError for an unknown one.")
+          owner.keep("Delete the entry of that name from " + table + ".\n\n" + unknown))
       .template method<&clear_entries<Table>>(owner.keep("CleanUp" + word + "() -> None"),
-                                              "Empty the table in place.");
+                                              owner.keep("Empty " + table + " in place."));
   host::declare_getter<Table>(owner, owner.keep("Get" + word + "Array"),
-                              std::string("dict[str, ") + type + "]", "the table itself.");
+                              std::string("dict[str, ") + type + "]",
+                              table + ", the dictionary itself and no copy.");
 }
 
 template <auto Table, class Declaration>
@@ -72,8 +75,9 @@ void declare_events_table(Declaration& owner, const char* kind) {
   owner.template method<&set_event<Table>>(
       owner.keep(std::string("Set") + kind +
                  "(eventName: str, functionName: str | None, functionCode: Any) -> None"),
-      "Bind the event to the scene's method that is named after `functionName`.\n\n"
-      "`functionCode` is kept beside it for editors.");
+      owner.keep(std::string("Bind the event to the scene's method that is named after "
+                             "`functionName`; None unbinds it.\n\nThe entry in `") +
+                 kind + "Array` becomes [functionName, functionCode]; the code is for editors."));
   declare_table<Table>(owner, kind, "eventName", "list[Any]");
 }
 

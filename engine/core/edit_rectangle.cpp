@@ -122,14 +122,16 @@ void GameNode::OnEditRectDraging(Value px, Value py) {
 void declare_edit_rectangle(NodeDeclaration& node) {
   node.method<&GameNode::checkDragRect>(
           "checkDragRect(x: float, y: float) -> int",
-          "Return the index of the edit rectangle's handle under the point, or -2.\n\nHandles are "
-          "numbered row by row from 0 (left top) to 8 (right bottom).")
+          "Return the index of the edit rectangle's handle under the point (pixels of the screen), "
+          "or -2.\n\nHandles are numbered row by row from 0 (left top) to 8 (right bottom).")
       .method<&GameNode::drawDragRect>(
           "drawDragRect(screen: pygame.Surface, size: float, dragcornerindex: int) -> None",
-          "Draw the edit rectangle with handles of `size` pixels while `editrectvisible` is true.")
+          "Draw the edit rectangle with handles of `size` pixels while `editrectvisible` is "
+          "true.\n\nThe handle `dragcornerindex` is drawn in another colour.")
       .method<&GameNode::OnEditRectDraging>(
           "OnEditRectDraging(x: float, y: float) -> None",
-          "Move or resize the node with the handle being dragged; the pointer is at `x`, `y`.");
+          "Move or resize the node with the handle being dragged; the pointer is at `x`, `y` in "
+          "pixels of the screen.");
 }
 
 }  // namespace tessora

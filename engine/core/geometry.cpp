@@ -56,20 +56,21 @@ void register_geometry(PyObject* module) {
       module,
       "checkPtInRect(x: float, y: float, left: float, right: float, top: float, bottom: float)"
       " -> int",
-      "Return 1 if the point (x, y) lies within the four edges or on one of them, else 0.");
+      "Return 1 if the point (x, y) lies within the four edges or on one of them, else 0.\n\nAll "
+      "numbers are in the same unit, such as pixels.");
   host::add_function<&edges_overlap>(
       module,
       "checkRectInRect(left1: float, right1: float, top1: float, bottom1: float,"
       " left2: float, right2: float, top2: float, bottom2: float) -> int",
-      "Return 1 if two rectangles, given by their edges, overlap or touch, else 0.\n\n"
-      "Despite the name neither has to contain the other.");
+      "Return 1 if two rectangles, given by their edges, overlap or touch, else 0.\n\nDespite the "
+      "name neither has to contain the other. All numbers are in the same unit, such as pixels.");
   host::add_function<&rects_collide>(
       module,
       "checkRectCollision(rect1: pygame.Rect, rect2: pygame.Rect, moveX: float = 0,"
       " moveY: float = 0) -> bool",
-      "Move `rect2` by (moveX, moveY) pixels and return whether it collides with `rect1`.\n\n"
-      "Both are pygame.Rect objects. `rect2` is changed in place and stays moved: pass a copy to\n"
-      "keep the original.");
+      "Move `rect2` by (moveX, moveY) pixels and return whether it collides with `rect1`.\n\nBoth "
+      "are pygame.Rect objects, AttributeError for others. `rect2` is changed in place and stays "
+      "moved: pass a copy to keep the original.");
 }
 
 }  // namespace tessora

@@ -148,53 +148,78 @@ using Layer = GameLayer;
 void declare_rows(LayerDeclaration& layer) {
   const auto list = host::made<&host::new_list>();
   const auto dict = host::made<&host::dictionary>();
-  layer.attribute<&Layer::sceneInstance>("sceneInstance: Any", nullptr, "the owning scene, or None")
+  layer
+      .attribute<&Layer::sceneInstance>(
+          "sceneInstance: Any", nullptr,
+          "The scene object that owns the layer, or None; OnLoad sets it.")
       .getter("GetSceneInstance");
-  layer.attribute<&Layer::NodeType>("NodeType: str", "GameLayer", "kind of object, \"GameLayer\"")
+  layer.attribute<&Layer::NodeType>("NodeType: str", "GameLayer", "Kind of object.")
       .getter("GetNodeType");
   layer
-      .attribute<&Layer::LayerName>("LayerName: str | None", nullptr,
-                                    "name in the scene's event methods, or None")
+      .attribute<&Layer::LayerName>(
+          "LayerName: str | None", nullptr,
+          "Name of the layer, a part of the names of the scene's event methods, or None.")
       .pair("GetLayerName", "SetLayerName", "name");
   layer
       .attribute<&Layer::GameNodeDict>("GameNodeDict: dict[int, GameNode]", dict,
-                                       "instance number to node")
+                                       "Registered nodes by their instance numbers.")
       .getter("GetAllGameNode");
-  layer.attribute<&Layer::SortGameNodeInstanceIDArray>("SortGameNodeInstanceIDArray: list[int]",
-                                                       list, "instance numbers in draw order");
-  layer.attribute<&Layer::GameNodeKeyArray>("GameNodeKeyArray: list[int]", list,
-                                            "keys of the last walk");
-  layer.attribute<&Layer::AddGameNodeDict>("AddGameNodeDict: dict[int, GameNode]", dict,
-                                           "nodes to be added");
-  layer.attribute<&Layer::DelGameNodeArray>("DelGameNodeArray: list[int]", list,
-                                            "numbers to be removed");
-  layer.attribute<&Layer::BindingEventArray>("BindingEventArray: dict[str, list[Any]]", dict,
-                                             "named script events");
-  layer.attribute<&Layer::PointArray>("PointArray: list[list[Any]]", list, "debug points")
+  layer.attribute<&Layer::SortGameNodeInstanceIDArray>(
+      "SortGameNodeInstanceIDArray: list[int]", list,
+      "Instance numbers in draw order, the node at the bottom first.");
+  layer.attribute<&Layer::GameNodeKeyArray>(
+      "GameNodeKeyArray: list[int]", list,
+      "Instance numbers that the last walk over the nodes visits.");
+  layer.attribute<&Layer::AddGameNodeDict>(
+      "AddGameNodeDict: dict[int, GameNode]", dict,
+      "Nodes by instance number that wait for the end of the next draw to be added.");
+  layer.attribute<&Layer::DelGameNodeArray>(
+      "DelGameNodeArray: list[int]", list,
+      "Instance numbers of nodes that the end of the next update removes.");
+  layer.attribute<&Layer::BindingEventArray>(
+      "BindingEventArray: dict[str, list[Any]]", dict,
+      "Script events: event name to [function name, function code].");
+  layer
+      .attribute<&Layer::PointArray>(
+          "PointArray: list[list[Any]]", list,
+          "Debug points, each [name, type, x, y] in pixels of the screen.")
       .getter("GetPointArray");
-  layer.attribute<&Layer::LineArray>("LineArray: list[list[Any]]", list, "debug lines")
+  layer
+      .attribute<&Layer::LineArray>(
+          "LineArray: list[list[Any]]", list,
+          "Debug lines, each [name, type, x1, y1, x2, y2] in pixels of the screen.")
       .getter("GetLineArray");
-  layer.attribute<&Layer::RectArray>("RectArray: list[list[Any]]", list, "debug rectangles")
+  layer
+      .attribute<&Layer::RectArray>(
+          "RectArray: list[list[Any]]", list,
+          "Debug rectangles, each [name, type, x1, y1, x2, y2] in pixels of the screen.")
       .getter("GetRectArray");
-  layer.attribute<&Layer::InnerBindingEventArray>("InnerBindingEventArray: dict[str, list[Any]]",
-                                                  host::lazily(&make_layer_events),
-                                                  "built-in events");
+  layer.attribute<&Layer::InnerBindingEventArray>(
+      "InnerBindingEventArray: dict[str, list[Any]]", host::lazily(&make_layer_events),
+      "Built-in events (\"Load\", \"Update\", \"Render\", \"Destroy\", \"PickDown\", \"PickUp\", "
+      "\"PickTile\"): event name to [function name, function code]. Nothing is bound at first.");
   layer.attribute<&Layer::UserFunctionDict>("UserFunctionDict: dict[Any, Any]", dict,
-                                            "free for scripts");
-  layer.attribute<&Layer::instanceID>("instanceID: int", 0, "the next instance number");
+                                            "Free for scripts.");
+  layer.attribute<&Layer::instanceID>("instanceID: int", 0,
+                                      "Instance number that the next node gets.");
   layer
       .attribute<&Layer::visible>("visible: bool", true,
-                                  "whether the layer updates, draws, takes input")
+                                  "Whether the layer updates, draws and takes input.")
       .pair("IsVisible", "SetVisible", "v");
-  layer.attribute<&Layer::scrollType>("scrollType: int", 0,
-                                      "0 none, 1 left, 2 right, 3 up, 4 down");
-  layer.attribute<&Layer::scrollSpeed>("scrollSpeed: float", 0, "scroll speed, pixels per second");
+  layer.attribute<&Layer::scrollType>(
+      "scrollType: int", 0,
+      "Direction of the automatic scroll: 0 none, 1 left, 2 right, 3 up, 4 down.");
+  layer.attribute<&Layer::scrollSpeed>("scrollSpeed: float", 0,
+                                       "Speed of the automatic scroll in pixels per second.");
   layer.pair<&Layer::scrollType, &Layer::scrollSpeed>("GetAutoScroll", "SetAutoScroll",
                                                       "(scrollType: int, scrollSpeed: float)");
-  layer.attribute<&Layer::scrollPosX>("scrollPosX: float", 0, "horizontal scroll offset, pixels");
-  layer.attribute<&Layer::scrollPosY>("scrollPosY: float", 0, "vertical scroll offset, pixels");
+  layer.attribute<&Layer::scrollPosX>(
+      "scrollPosX: float", 0,
+      "Horizontal scroll offset in pixels, with which the nodes are drawn.");
+  layer.attribute<&Layer::scrollPosY>(
+      "scrollPosY: float", 0, "Vertical scroll offset in pixels, with which the nodes are drawn.");
   layer.attribute<&Layer::font>("font: pygame.font.Font", host::unset(),
-                                "font of the labels of debug points");
+                                "Font of the labels of debug points, at first Arial of 18 pixels.");
   layer.step<&Layer::make_font>();
 }
 
@@ -203,28 +228,37 @@ void declare_registry(LayerDeclaration& layer) {
       .method<&Layer::AddGameNode>(
           "AddGameNode(GameNode: GameNode, immMode: bool = True) -> int",
           "Register a node and return its instance number.\n\nWith `immMode` true the node is in "
-          "the layer at once, otherwise from the end of the next draw.")
+          "the layer at once, otherwise from the end of the next draw. Raises AttributeError for "
+          "what is no node.")
       .method<&Layer::GetGameNode>("GetGameNode(instanceID: int) -> GameNode | None",
-                                   "Return the node of that number, or None.")
+                                   "Return the node of that instance number, or None.")
       .method<&Layer::ExistGameNode>("ExistGameNode(instanceID: int) -> bool",
-                                     "Return whether a node has that number.")
+                                     "Return whether a node has that instance number.")
       .method<&Layer::GetGameNodeCount>("GetGameNodeCount() -> int",
                                         "Return the number of registered nodes.")
       .method<&Layer::DelGameNode>(
           "DelGameNode(instanceID: int) -> None",
-          "Queue a node and its registered descendants for removal at the end of the next update.")
-      .method<&Layer::CleanUpGameNode>("CleanUpGameNode() -> None", "Queue every node for removal.")
-      .method<&Layer::LayerUpGameNode>("LayerUpGameNode(instanceID: int) -> None",
-                                       "Draw the node one step later, so higher.")
-      .method<&Layer::LayerDownGameNode>("LayerDownGameNode(instanceID: int) -> None",
-                                         "Draw the node one step earlier, so lower.")
+          "Queue a node and its registered descendants for removal at the end of the next "
+          "update.\n\nAn unknown instance number is ignored.")
+      .method<&Layer::CleanUpGameNode>(
+          "CleanUpGameNode() -> None",
+          "Queue every node for removal at the end of the next update.")
+      .method<&Layer::LayerUpGameNode>(
+          "LayerUpGameNode(instanceID: int) -> None",
+          "Draw the node of that instance number one step later, so higher.\n\nUnknown numbers and "
+          "the topmost node are ignored.")
+      .method<&Layer::LayerDownGameNode>(
+          "LayerDownGameNode(instanceID: int) -> None",
+          "Draw the node of that instance number one step earlier, so lower.\n\nUnknown numbers "
+          "and the lowest node are ignored.")
       .method<&Layer::CheckAllGameNode>(
           "CheckAllGameNode() -> bool",
-          "Return whether every node has its number and stands once in the draw order.")
+          "Return whether every node has its instance number and stands once in the draw order.")
       .method<&Layer::OnLoad>("OnLoad(scene: Any) -> None",
                               "Store the scene and tell it to every registered node.")
-      .method<&Layer::OnDestroy>("OnDestroy() -> None",
-                                 "Destroy every registered node and forget them.");
+      .method<&Layer::OnDestroy>(
+          "OnDestroy() -> None",
+          "Destroy every registered node and forget them; nodes that wait to be added stay.");
 }
 
 }  // namespace
@@ -233,7 +267,12 @@ void register_layer(PyObject* module) {
   LayerDeclaration layer(
       module, "GameLayer",
       "A plane of a scene: registered nodes, draw order, scroll, debug shapes, events.\n\n"
-      "pygame's font module must be initialised.");
+      "Each frame of a game calls update and then draw; input is handed to the methods On... . "
+      "pygame's font module must be initialised: pygame.error otherwise.\n\n"
+      ">>> layer = Tessora.GameLayer()\n"
+      ">>> number = layer.AddGameNode(Tessora.GUI_Image(None, 10, 20))\n"
+      ">>> layer.update(1 / 60)\n"
+      ">>> layer.draw(screen)");
   layer.constructor("()");
   declare_rows(layer);
   declare_registry(layer);

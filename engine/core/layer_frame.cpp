@@ -147,32 +147,38 @@ void declare_layer_frame(LayerDeclaration& layer) {
   layer
       .method<&Layer::update>(
           "update(delay: float) -> None",
-          "Advance the layer by `delay` seconds: scroll, update the nodes, remove queued ones.\n\n"
-          "A hidden layer does nothing.")
+          "Advance the layer by `delay` seconds: scroll, update the nodes, remove queued "
+          "ones.\n\nA hidden layer does nothing. The automatic scroll asks the scene for "
+          "GetSceneSize(), (width, height) in pixels: AttributeError if it has none.")
       .method<&Layer::draw>(
           "draw(screen: pygame.Surface) -> None",
           "Draw the nodes in draw order with the scroll position as camera, then the debug shapes, "
           "then take in the nodes that wait to be added.")
-      .method<&Layer::OnPickDownFunction>("OnPickDownFunction(x: float, y: float) -> None",
-                                          "Offer a press (screen pixels) to every node.")
+      .method<&Layer::OnPickDownFunction>(
+          "OnPickDownFunction(x: float, y: float) -> None",
+          "Offer a press at `x`, `y` (pixels of the screen) to every node; none of them stops it.")
       .method<&Layer::OnPickUpFunction>("OnPickUpFunction(x: float, y: float) -> None",
-                                        "Offer a release (screen pixels) to every node.")
-      .method<&Layer::OnKeyDownFunction>("OnKeyDownFunction(key: Hashable) -> None",
-                                         "Offer a pressed key to every node.")
-      .method<&Layer::OnKeyUpFunction>("OnKeyUpFunction(key: Hashable) -> None",
-                                       "Offer a released key to every node.")
-      .method<&Layer::OnEditRectDraging>(
-          "OnEditRectDraging(x: float, y: float) -> None",
-          "Tell the pointer's position to every node, of which one may be dragged.")
+                                        "Offer a release at `x`, `y` (pixels of the screen) to "
+                                        "every node; none of them stops it.")
+      .method<&Layer::OnKeyDownFunction>(
+          "OnKeyDownFunction(key: Hashable) -> None",
+          "Offer a pressed key to every node.\n\n`key` is what the scripts name keys by; edits "
+          "know the names of pygame.key.name().")
+      .method<&Layer::OnKeyUpFunction>(
+          "OnKeyUpFunction(key: Hashable) -> None",
+          "Offer a released key to every node; `key` is as for OnKeyDownFunction.")
+      .method<&Layer::OnEditRectDraging>("OnEditRectDraging(x: float, y: float) -> None",
+                                         "Tell the pointer's position (pixels of the screen) to "
+                                         "every node, of which one may be dragged.")
       .method<&Layer::checkCollision>(
           "checkCollision(gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool",
-          "Return whether `gameNode`, moved by so many pixels, hits another node whose "
+          "Return whether `gameNode`, moved by `moveX` and `moveY` pixels, hits another node whose "
           "`collisionType` is not -1, or a tile map.")
       .method<&Layer::checkEventRectCollision>(
           "checkEventRectCollision(objrect: _RectValue, moveX: float = 0, moveY: float = 0) -> "
           "bool",
-          "Return whether the moved rectangle hits a node whose `collisionType` is not -1, or a "
-          "tile map.")
+          "Return whether `objrect`, moved by `moveX` and `moveY` pixels, hits a node whose "
+          "`collisionType` is not -1, or a tile map.")
       .method<&Layer::CallEvent>(
           "CallEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
           "Call the scene's method \"on_\" + layer name + \"_\" + function name that is bound to "
@@ -180,7 +186,8 @@ void declare_layer_frame(LayerDeclaration& layer) {
           "result, None when nothing is bound or the scene has no such method.")
       .method<&Layer::CallInnerEvent>(
           "CallInnerEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
-          "Call the scene's method that is bound to a built-in event, as CallEvent does.");
+          "Call the scene's method that is bound to a built-in event; arguments and result are "
+          "those of CallEvent.");
 }
 
 }  // namespace tessora

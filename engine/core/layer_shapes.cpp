@@ -99,23 +99,26 @@ void GameLayer::draw_shapes(Value screen) {
 
 void declare_layer_shapes(LayerDeclaration& layer) {
   using Layer = GameLayer;
-  constexpr const char* kIgnored =
-      "Remove the one at that position; positions out of range are ignored.";
+  constexpr const char* kRemove =
+      "Remove the one at position `index`, counted from 0; others are ignored.";
   layer
       .method<&add_point<&Layer::PointArray>>(
           "AddPoint(pointName: str, pointType: Any, px: float, py: float) -> None",
-          "Add a debug point at screen pixels `px`, `py`.")
+          "Add a debug point at `px`, `py`, in pixels of the screen.\n\nIts coordinates are "
+          "written beside it; name and type are kept for scripts.")
       .method<&add_box<&Layer::LineArray>>(
           "AddLine(lineName: str, lineType: Any, x1: float, y1: float, x2: float, y2: float) -> "
           "None",
-          "Add a debug line between two points, screen pixels.")
+          "Add a debug line between two points, in pixels of the screen.\n\nName and type are kept "
+          "for scripts.")
       .method<&add_box<&Layer::RectArray>>(
           "AddRect(rectName: str, rectType: Any, x1: float, y1: float, x2: float, y2: float) -> "
           "None",
-          "Add a debug rectangle with two opposite corners, screen pixels.")
-      .method<&delete_shape<&Layer::PointArray>>("DelPoint(index: int) -> None", kIgnored)
-      .method<&delete_shape<&Layer::LineArray>>("DelLine(index: int) -> None", kIgnored)
-      .method<&delete_shape<&Layer::RectArray>>("DelRect(index: int) -> None", kIgnored);
+          "Add a debug rectangle with two opposite corners, in pixels of the screen.\n\nName and "
+          "type are kept for scripts.")
+      .method<&delete_shape<&Layer::PointArray>>("DelPoint(index: int) -> None", kRemove)
+      .method<&delete_shape<&Layer::LineArray>>("DelLine(index: int) -> None", kRemove)
+      .method<&delete_shape<&Layer::RectArray>>("DelRect(index: int) -> None", kRemove);
 }
 
 }  // namespace tessora

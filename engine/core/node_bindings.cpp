@@ -85,12 +85,12 @@ void declare_bindings(NodeDeclaration& node) {
   declare_events_table<&GameNode::InnerBindingEventArray>(node, "InnerBindingEvent");
   node.method<&set_point<&GameNode::BindingPointArray>>(
       "SetBindingPoint(pointName: str, posType: Any, x: float, y: float) -> None",
-      "Store the triple `posType`, `x`, `y` under the point's name.");
+      "Store the triple (`posType`, `x`, `y`) in `BindingPointArray` under the point's name.");
   declare_table<&GameNode::BindingPointArray>(node, "BindingPoint", "pointName",
                                               "tuple[Any, float, float]");
   node.method<&set_entry<&GameNode::BindingVarArray>>(
       "SetBindingVar(varname: str, varvalue: Any) -> None",
-      "Store a value under the variable's name.");
+      "Store a value in `BindingVarArray` under the variable's name.");
   declare_table<&GameNode::BindingVarArray>(node, "BindingVar", "varname", "Any");
   node.method<&GameNode::CallEvent>(
           "CallEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
@@ -99,7 +99,8 @@ void declare_bindings(NodeDeclaration& node) {
           "nothing is bound or the scene has no such method.")
       .method<&GameNode::CallInnerEvent>(
           "CallInnerEvent(eventName: str, params: Mapping[str, Any] | None = None) -> Any",
-          "Call the scene's method that is bound to a built-in event, as CallEvent does.");
+          "Call the scene's method that is bound to a built-in event; arguments and result are "
+          "those of CallEvent.");
 }
 
 }  // namespace tessora

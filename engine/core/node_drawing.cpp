@@ -97,7 +97,8 @@ void declare_drawing(NodeDeclaration& node) {
       .method<&GameNode::draw_children>(
           "draw_children(screen: pygame.Surface, offsetX: float = 0, offsetY: float = 0, "
           "scale: float = 1.0) -> None",
-          "Draw the visible children in list order.")
+          "Draw the visible children in list order, so that the last one is on top.\n\n`offsetX`, "
+          "`offsetY` (pixels) and `scale` are the camera.")
       .method<&GameNode::drawsize>("drawsize(screen: pygame.Surface) -> None",
                                    "Outline the drawn rectangle while `rectvisible` is true.")
       .method<&GameNode::drawAnchor>(
@@ -106,12 +107,14 @@ void declare_drawing(NodeDeclaration& node) {
       .method<&GameNode::drawToSurface>(
           "drawToSurface(surface: pygame.Surface, offsetX: float = 0, offsetY: float = 0, "
           "scale: float = 1.0) -> None",
-          "Draw the node and its subtree into a surface of the script's.\n\nThe world values are "
-          "cached for that camera until the next draw.")
+          "Draw the node and its subtree into a surface of the script's.\n\n`offsetX`, `offsetY` "
+          "(pixels) and `scale` are the camera. The world values are cached for that camera until "
+          "the next draw.")
       .method<&GameNode::drawToSurface_children>(
           "drawToSurface_children(surface: pygame.Surface, offsetX: float = 0, "
           "offsetY: float = 0, scale: float = 1.0) -> None",
-          "Draw the visible children into a surface of the script's.");
+          "Draw the visible children into a surface of the script's.\n\n`offsetX`, `offsetY` "
+          "(pixels) and `scale` are the camera.");
 }
 
 }  // namespace tessora

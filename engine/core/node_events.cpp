@@ -93,10 +93,12 @@ bool GameNode::checkEventRectCollision(Value rect, Value move_x, Value move_y) {
 void declare_events(NodeDeclaration& node) {
   node.method<&set_entry<&GameNode::KeyDownFunctionDict>>(
           "SetKeyDownFunction(keyname: Hashable, function: Callable[[], Any]) -> None",
-          "Call `function` without arguments when the key is pressed.")
+          "Call `function` without arguments when the key is pressed.\n\n`keyname` is what the "
+          "script hands to the layer's OnKeyDownFunction.")
       .method<&set_entry<&GameNode::KeyUpFunctionDict>>(
           "SetKeyUpFunction(keyname: Hashable, function: Callable[[], Any]) -> None",
-          "Call `function` without arguments when the key is released.")
+          "Call `function` without arguments when the key is released.\n\n`keyname` is what the "
+          "script hands to the layer's OnKeyUpFunction.")
       .method<&GameNode::OnPickDownFunction>(
           "OnPickDownFunction(x: float, y: float) -> GameNode | None",
           "Handle a press at screen position `x`, `y` in pixels.\n\nChildren are asked first, the "
@@ -104,22 +106,27 @@ void declare_events(NodeDeclaration& node) {
           "takes it. Returns the node that took the press, or None.")
       .method<&GameNode::OnPickUpFunction>(
           "OnPickUpFunction(x: float, y: float) -> GameNode | None",
-          "Handle a release at screen position `x`, `y` in pixels.\n\nReturns the node that took "
-          "the release, or None.")
-      .method<&GameNode::OnKeyDownFunction>("OnKeyDownFunction(key: Hashable) -> None",
-                                            "Run the callable registered for the pressed key.")
-      .method<&GameNode::OnKeyUpFunction>("OnKeyUpFunction(key: Hashable) -> None",
-                                          "Run the callable registered for the released key.")
-      .method<&GameNode::checkClick>(
-          "checkClick(px: float, py: float) -> bool",
-          "Return whether the node is visible and the point lies in its drawn rectangle.")
+          "Handle a release at screen position `x`, `y` in pixels: end a press or drag of the "
+          "node, whatever the position, and offer the release to children as OnPickDownFunction "
+          "does.\n\nReturns the node that took the release, or None.")
+      .method<&GameNode::OnKeyDownFunction>(
+          "OnKeyDownFunction(key: Hashable) -> None",
+          "Call the function registered for the pressed key; a key without one is ignored.")
+      .method<&GameNode::OnKeyUpFunction>(
+          "OnKeyUpFunction(key: Hashable) -> None",
+          "Call the function registered for the released key; a key without one is ignored.")
+      .method<&GameNode::checkClick>("checkClick(px: float, py: float) -> bool",
+                                     "Return whether the node is visible and the point (pixels of "
+                                     "the screen) lies in its drawn rectangle.")
       .method<&GameNode::checkCollision>(
           "checkCollision(gameNode: GameNode, moveX: float = 0, moveY: float = 0) -> bool",
-          "Return whether the size rectangles collide when the other node is moved, in pixels.")
+          "Return whether the size rectangles collide when the other node is moved by `moveX` and "
+          "`moveY` pixels; see GetSizeRect.")
       .method<&GameNode::checkEventRectCollision>(
           "checkEventRectCollision(objrect: _RectValue, moveX: float = 0, moveY: float = 0) -> "
           "bool",
-          "Return whether the size rectangle collides with a moved copy of `objrect`.");
+          "Return whether the size rectangle collides with a copy of `objrect` moved by `moveX` "
+          "and `moveY` pixels; see GetSizeRect.");
 }
 
 }  // namespace tessora

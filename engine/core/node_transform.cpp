@@ -249,56 +249,71 @@ void GameNode::draw_begin(Value offset_x, Value offset_y, Value scale) {
 void declare_transform(NodeDeclaration& node) {
   using Node = GameNode;
   node.method<&Node::GetAXW>("GetAXW() -> float",
-                             "Return the anchor's offset from the left, unscaled pixels.")
+                             "Return the anchor's distance from the left edge, in unscaled pixels.")
       .method<&Node::GetAYH>("GetAYH() -> float",
-                             "Return the anchor's offset from the top, unscaled pixels.")
+                             "Return the anchor's distance from the top edge, in unscaled pixels.")
       .method<&Node::GetPAXW>("GetPAXW() -> float",
-                              "Return the parent's GetAXW(), or 0.0 without one.")
+                              "Return the parent's GetAXW() in pixels, or 0.0 without a parent.")
       .method<&Node::GetPAYH>("GetPAYH() -> float",
-                              "Return the parent's GetAYH(), or 0.0 without one.")
+                              "Return the parent's GetAYH() in pixels, or 0.0 without a parent.")
       .method<&Node::GetWX>("GetWX() -> float",
-                            "Return the world position of the left edge, without the camera; the "
-                            "cached `WX` while `lock_xysa` is true.")
+                            "Return the world position of the left edge in pixels, without the "
+                            "camera; the cached `WX` while `lock_xysa` is true.")
       .method<&Node::GetWY>("GetWY() -> float",
-                            "Return the world position of the top edge, without the camera; the "
-                            "cached `WY` while `lock_xysa` is true.")
-      .method<&Node::GetWXY>("GetWXY() -> tuple[float, float]", "Return the pair GetWX(), GetWY().")
+                            "Return the world position of the top edge in pixels, without the "
+                            "camera; the cached `WY` while `lock_xysa` is true.")
+      .method<&Node::GetWXY>("GetWXY() -> tuple[float, float]",
+                             "Return the pair GetWX(), GetWY(), in pixels.")
       .method<&Node::GetWPX>("GetWPX() -> float",
-                             "Return the parent's GetWX(), or 0.0 without one.")
+                             "Return the parent's GetWX() in pixels, or 0.0 without a parent.")
       .method<&Node::GetWPY>("GetWPY() -> float",
-                             "Return the parent's GetWY(), or 0.0 without one.")
+                             "Return the parent's GetWY() in pixels, or 0.0 without a parent.")
       .method<&Node::GetWPXY>("GetWPXY() -> tuple[float, float]",
-                              "Return the pair GetWPX(), GetWPY().")
+                              "Return the pair GetWPX(), GetWPY(), in pixels.")
       .method<&Node::GetWSX>("GetWSX() -> float",
-                             "Return the horizontal world scale: the product down the tree.")
+                             "Return the horizontal world scale factor, the product down the tree; "
+                             "the cached `WSX` while `lock_xysa` is true.")
       .method<&Node::GetWSY>("GetWSY() -> float",
-                             "Return the vertical world scale: the product down the tree.")
+                             "Return the vertical world scale factor, the product down the tree; "
+                             "the cached `WSY` while `lock_xysa` is true.")
       .method<&Node::GetWSXY>("GetWSXY() -> tuple[float, float]",
-                              "Return the pair GetWSX(), GetWSY().")
+                              "Return the pair GetWSX(), GetWSY(), scale factors.")
       .method<&Node::GetWPSX>("GetWPSX() -> float",
-                              "Return the parent's GetWSX(), or 1.0 without one.")
+                              "Return the parent's GetWSX(), or 1.0 without a parent.")
       .method<&Node::GetWPSY>("GetWPSY() -> float",
-                              "Return the parent's GetWSY(), or 1.0 without one.")
+                              "Return the parent's GetWSY(), or 1.0 without a parent.")
       .method<&Node::GetWPSXY>("GetWPSXY() -> tuple[float, float]",
-                               "Return the pair GetWPSX(), GetWPSY().")
+                               "Return the pair GetWPSX(), GetWPSY(), scale factors.")
       .method<&Node::GetWAngle>("GetWAngle() -> float",
-                                "Return the world angle in degrees: the sum down the tree.")
-      .method<&Node::GetWPAngle>("GetWPAngle() -> float",
-                                 "Return the parent's GetWAngle(), or 0.0 without one.")
-      .method<&Node::GetCenterX>("GetCenterX() -> float",
-                                 "Return the world position of the anchor, x.")
-      .method<&Node::GetCenterY>("GetCenterY() -> float",
-                                 "Return the world position of the anchor, y.")
+                                "Return the world angle in degrees, the sum down the tree; the "
+                                "cached `WAngle` while `lock_xysa` is true.")
+      .method<&Node::GetWPAngle>(
+          "GetWPAngle() -> float",
+          "Return the parent's GetWAngle() in degrees, or 0.0 without a parent.")
+      .method<&Node::GetCenterX>(
+          "GetCenterX() -> float",
+          "Return the horizontal world position of the anchor, despite the name, in pixels.")
+      .method<&Node::GetCenterY>(
+          "GetCenterY() -> float",
+          "Return the vertical world position of the anchor, despite the name, in pixels.")
       .method<&Node::GetCenterXY>("GetCenterXY() -> tuple[float, float]",
-                                  "Return the pair GetCenterX(), GetCenterY().")
-      .method<&Node::GetLeft>("GetLeft() -> float", "Return the smallest left edge in the subtree.")
-      .method<&Node::GetTop>("GetTop() -> float", "Return the smallest top edge in the subtree.")
+                                  "Return the pair GetCenterX(), GetCenterY(), in pixels.")
+      .method<&Node::GetLeft>("GetLeft() -> float",
+                              "Return the smallest left edge in the subtree, in pixels of the "
+                              "screen as of the last draw.")
+      .method<&Node::GetTop>("GetTop() -> float",
+                             "Return the smallest top edge in the subtree, in pixels of the screen "
+                             "as of the last draw.")
       .method<&Node::GetRight>("GetRight() -> float",
-                               "Return the largest right edge in the subtree.")
-      .method<&Node::GetBottom>("GetBottom() -> float",
-                                "Return the smallest bottom edge in the subtree.")
-      .method<&Node::GetSizeRect>("GetSizeRect() -> pygame.Rect",
-                                  "Return a new pygame.Rect at GetWX(), GetWY() in the drawn size.")
+                               "Return the largest right edge in the subtree, in pixels of the "
+                               "screen as of the last draw.")
+      .method<&Node::GetBottom>(
+          "GetBottom() -> float",
+          "Return the smallest bottom edge in the subtree, in pixels of the screen as of the last "
+          "draw.\n\nUnlike GetRight it does not return the largest one.")
+      .method<&Node::GetSizeRect>(
+          "GetSizeRect() -> pygame.Rect",
+          "Return a new pygame.Rect at GetWX(), GetWY() in the size of the last draw, in pixels.")
       .method<&Node::draw_begin>(
           "draw_begin(offsetX: float = 0, offsetY: float = 0, scale: float = 1.0) -> None",
           "Cache the world values for this frame, unless `lock_xysa` is true.\n\nPositions are "

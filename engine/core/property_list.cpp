@@ -133,7 +133,8 @@ void register_property_list(PyObject* module) {
   host::add_function<&read_key_value>(
       module,
       "read_keyValue(dict: Mapping[_Key, _Value], key: _Key, defaultvalue: _T) -> _Value | _T",
-      "Return `dict[key]`, or `defaultvalue` if there is no such key.");
+      "Return `dict[key]`, or `defaultvalue` if there is no such key.\n\nRaises TypeError for a "
+      "key that cannot be hashed.");
 }
 
 }  // namespace tessora

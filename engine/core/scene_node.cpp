@@ -200,16 +200,19 @@ namespace {
 
 void declare_identity(NodeDeclaration& node) {
   using Node = GameNode;
-  node.attribute<&Node::NodeType>("NodeType: str", "GameNode", "kind of node, \"GameNode\" here")
+  node.attribute<&Node::NodeType>("NodeType: str", "GameNode",
+                                  "Kind of node; every class of nodes has its own.")
       .getter("GetNodeType");
-  node.attribute<&Node::sceneInstance>("sceneInstance: Any", nullptr, "the scene object, or None")
+  node.attribute<&Node::sceneInstance>("sceneInstance: Any", nullptr,
+                                       "The scene object, or None; OnLoad sets it.")
       .getter("GetSceneInstance");
   node.attribute<&Node::parent>("parent: GameNode | None", host::given("parent"),
-                                "the owning node, or None")
+                                "The owning node, or None.")
       .getter("GetParent");
   node.attribute<&Node::children>("children: list[GameNode]", host::made<&host::new_list>(),
-                                  "child nodes, the first drawn first");
-  node.attribute<&Node::sortIndex>("sortIndex: int", 0, "place in the parent's children")
+                                  "Child nodes in draw order, the first drawn first.");
+  node.attribute<&Node::sortIndex>("sortIndex: int", 0,
+                                   "Place among the parent's children, counted from 0.")
       .pair("GetSortIndex", "SetSortIndex", "i");
   node.step<&Node::announce_to_parent>();
 }
@@ -217,40 +220,52 @@ void declare_identity(NodeDeclaration& node) {
 void declare_bound(NodeDeclaration& node) {
   using Node = GameNode;
   using host::Copied;
-  node.attribute<&Node::KeyDownFunctionDict>("KeyDownFunctionDict: dict[Any, Callable[[], Any]]",
-                                             host::empty_dict(), "key to press callback")
+  node.attribute<&Node::KeyDownFunctionDict>(
+          "KeyDownFunctionDict: dict[Any, Callable[[], Any]]", host::empty_dict(),
+          "Functions to call without arguments when a key is pressed, by the key's name.")
       .copied<Copied::kCopied>();
-  node.attribute<&Node::KeyUpFunctionDict>("KeyUpFunctionDict: dict[Any, Callable[[], Any]]",
-                                           host::empty_dict(), "key to release callback")
+  node.attribute<&Node::KeyUpFunctionDict>(
+          "KeyUpFunctionDict: dict[Any, Callable[[], Any]]", host::empty_dict(),
+          "Functions to call without arguments when a key is released, by the key's name.")
       .copied<Copied::kCopied>();
   node.attribute<&Node::BindingVarArray>("BindingVarArray: dict[str, Any]", host::empty_dict(),
-                                         "named script variables")
+                                         "Variables of scripts: name to value.")
       .copied<Copied::kCopied>();
-  node.attribute<&Node::BindingEventArray>("BindingEventArray: dict[str, list[Any]]",
-                                           host::empty_dict(), "named script events")
+  node.attribute<&Node::BindingEventArray>(
+          "BindingEventArray: dict[str, list[Any]]", host::empty_dict(),
+          "Script events: event name to [function name, function code].")
       .copied<Copied::kTable>();
   node.attribute<&Node::BindingPointArray>("BindingPointArray: dict[str, tuple[Any, float, float]]",
-                                           host::empty_dict(), "named attachment points")
+                                           host::empty_dict(),
+                                           "Attachment points: point name to (type, x, y).")
       .copied<Copied::kCopied>();
-  node.attribute<&Node::InnerBindingEventArray>("InnerBindingEventArray: dict[str, list[Any]]",
-                                                host::lazily(&make_node_events), "built-in events")
+  node.attribute<&Node::InnerBindingEventArray>(
+          "InnerBindingEventArray: dict[str, list[Any]]", host::lazily(&make_node_events),
+          "Built-in events (\"Load\", \"Update\", \"Render\", \"Destroy\", \"PickDown\", "
+          "\"PickUp\"): event name to [function name, parameter names, extra list], or [function "
+          "name, function code] once bound. Nothing is bound at first.")
       .copied<Copied::kTable>();
   node.attribute<&Node::PickDownFunction>("PickDownFunction: Callable[[Self], Any] | None", nullptr,
-                                          "called with the node when it is pressed, or None")
+                                          "Called with the node when it is pressed, or None.")
       .setter("SetPickDownFunction", "f")
       .copied_by("SetPickDownFunction");
-  node.attribute<&Node::Enable_PickDown>("Enable_PickDown: bool", true, "whether presses are taken")
+  node.attribute<&Node::Enable_PickDown>(
+          "Enable_PickDown: bool", true,
+          "Whether the node itself takes presses; children take theirs in any case.")
       .setter("EnablePickDownEvent", "v")
       .copied_by("EnablePickDownEvent");
   node.attribute<&Node::PickUpFunction>("PickUpFunction: Callable[[Self], Any] | None", nullptr,
-                                        "called with the node on a release over it, or None")
+                                        "Called with the node on a release over it, or None.")
       .setter("SetPickUpFunction", "f")
       .copied_by("SetPickUpFunction");
-  node.attribute<&Node::Enable_PickUp>("Enable_PickUp: bool", true, "whether releases are taken")
+  node.attribute<&Node::Enable_PickUp>(
+          "Enable_PickUp: bool", true,
+          "Whether the node itself takes releases; children take theirs in any case.")
       .setter("EnablePickUpEvent", "v")
       .copied_by("EnablePickUpEvent");
-  node.attribute<&Node::UpdateFunction>("UpdateFunction: Callable[[float], Any] | None", nullptr,
-                                        "called with the delay on every update, or None")
+  node.attribute<&Node::UpdateFunction>(
+          "UpdateFunction: Callable[[float], Any] | None", nullptr,
+          "Called on every update with the seconds since the last one, or None.")
       .setter("SetUpdateFunction", "f")
       .copied_by("SetUpdateFunction");
 }
@@ -258,89 +273,114 @@ void declare_bound(NodeDeclaration& node) {
 void declare_place(NodeDeclaration& node) {
   using Node = GameNode;
   node.attribute<&Node::x>("x: float", host::given("x"),
-                           "left position of the anchor in the parent, pixels")
+                           "Horizontal place of the anchor, in pixels from the parent's left edge.")
       .pair("GetX", "SetX", "x");
-  node.attribute<&Node::y>("y: float", host::given("y"),
-                           "top position of the anchor in the parent, pixels")
+  node.attribute<&Node::y>(
+          "y: float", host::given("y"),
+          "Vertical place of the anchor, in pixels down from the parent's top edge.")
       .pair("GetY", "SetY", "y");
   node.pair<&Node::x, &Node::y>("GetXY", "SetXY", "(x: float, y: float)").copied_by("SetXY");
-  node.attribute<&Node::sx>("sx: float", 1.0, "horizontal scale factor")
+  node.attribute<&Node::sx>("sx: float", 1.0,
+                            "Horizontal scale factor; it multiplies down the tree.")
       .pair("GetSX", "SetSX", "sx");
-  node.attribute<&Node::sy>("sy: float", 1.0, "vertical scale factor").pair("GetSY", "SetSY", "sy");
+  node.attribute<&Node::sy>("sy: float", 1.0, "Vertical scale factor; it multiplies down the tree.")
+      .pair("GetSY", "SetSY", "sy");
   node.pair<&Node::sx, &Node::sy>("GetSXY", "SetSXY", "(sx: float, sy: float)").copied_by("SetSXY");
-  node.attribute<&Node::angle>("angle: float", 0.0, "rotation in degrees, counter-clockwise")
+  node.attribute<&Node::angle>("angle: float", 0.0,
+                               "Rotation in degrees, counter-clockwise; it adds up down the tree.")
       .pair("GetAngle", "SetAngle", "angle")
       .copied_by("SetAngle");
-  node.attribute<&Node::width>("width: float", 0, "unscaled width, pixels")
+  node.attribute<&Node::width>("width: float", 0, "Width in pixels before scaling.")
       .pair("GetWidth", "SetWidth", "w")
       .copied_by("SetWidth");
-  node.attribute<&Node::height>("height: float", 0, "unscaled height, pixels")
+  node.attribute<&Node::height>("height: float", 0, "Height in pixels before scaling.")
       .pair("GetHeight", "SetHeight", "h")
       .copied_by("SetHeight");
-  node.attribute<&Node::anchorx>("anchorx: float", 0.0, "anchor as a fraction of the width")
+  node.attribute<&Node::anchorx>(
+          "anchorx: float", 0.0,
+          "Anchor as a fraction of the width: 0 is the left edge, 1 the right one.")
       .pair("GetAX", "SetAX", "ax");
-  node.attribute<&Node::anchory>("anchory: float", 0.0, "anchor as a fraction of the height")
+  node.attribute<&Node::anchory>(
+          "anchory: float", 0.0,
+          "Anchor as a fraction of the height: 0 is the top edge, 1 the bottom one.")
       .pair("GetAY", "SetAY", "ay");
   node.pair<&Node::anchorx, &Node::anchory>("GetAXY", "SetAXY", "(ax: float, ay: float)")
       .copied_by("SetAXY");
-  node.property<&message::GetX, &message::SetX>("X: float",
-                                                "Position of the anchor, through GetX and SetX.");
-  node.property<&message::GetY, &message::SetY>("Y: float",
-                                                "Position of the anchor, through GetY and SetY.");
+  node.property<&message::GetX, &message::SetX>(
+      "X: float", "Horizontal place of the anchor in pixels, read by GetX and set by SetX.");
+  node.property<&message::GetY, &message::SetY>(
+      "Y: float", "Vertical place of the anchor in pixels, read by GetY and set by SetY.");
 }
 
 void declare_state(NodeDeclaration& node) {
   using Node = GameNode;
-  node.attribute<&Node::instanceID>("instanceID: int", -1, "number in the layer, -1 for none")
+  node.attribute<&Node::instanceID>("instanceID: int", -1,
+                                    "Instance number in the layer, -1 for none.")
       .pair("GetInstanceID", "SetInstanceID", "i");
-  node.attribute<&Node::visible>("visible: bool", true,
-                                 "whether the subtree is drawn and can be hit")
+  node.attribute<&Node::visible>(
+          "visible: bool", true,
+          "Whether the node and its subtree are drawn and can be hit; hidden nodes are updated.")
       .pair("IsVisible", "SetVisible", "v")
       .copied_by("SetVisible");
-  node.attribute<&Node::ActionPlayer>("ActionPlayer: _ActionPlayer | None", nullptr,
-                                      "player of the node's actions, or None");
-  node.attribute<&Node::rectvisible>("rectvisible: bool", false, "draw the size rectangle")
+  node.attribute<&Node::ActionPlayer>(
+      "ActionPlayer: _ActionPlayer | None", nullptr,
+      "Player of the node's actions, None before the first RunAction.");
+  node.attribute<&Node::rectvisible>("rectvisible: bool", false,
+                                     "Whether the drawn rectangle is outlined.")
       .pair("IsSizeRectVisible", "SetSizeRectVisible", "v")
       .copied_by("SetSizeRectVisible");
-  node.attribute<&Node::anchorvisible>("anchorvisible: bool", false, "draw the anchor marker")
+  node.attribute<&Node::anchorvisible>("anchorvisible: bool", false,
+                                       "Whether the anchor is marked.")
       .pair("IsAnchorVisible", "SetAnchorVisible", "v")
       .copied_by("SetAnchorVisible");
-  node.attribute<&Node::lock_xysa>("lock_xysa: bool", false, "freeze the cached world values");
-  node.attribute<&Node::WSX>("WSX: float", 1.0, "cached horizontal world scale");
-  node.attribute<&Node::WSY>("WSY: float", 1.0, "cached vertical world scale");
-  node.attribute<&Node::WAngle>("WAngle: float", 0.0, "cached world rotation, degrees");
-  node.attribute<&Node::WX>("WX: float", 0.0, "cached left edge on the screen, pixels");
-  node.attribute<&Node::WY>("WY: float", 0.0, "cached top edge on the screen, pixels");
-  node.attribute<&Node::clicked>("clicked: bool", false, "pressed at the moment");
+  node.attribute<&Node::lock_xysa>(
+      "lock_xysa: bool", false,
+      "Whether the cached world values (`WX`, `WY`, `WSX`, `WSY`, `WAngle`) stay as they are.");
+  node.attribute<&Node::WSX>("WSX: float", 1.0,
+                             "Horizontal world scale factor as of the last draw.");
+  node.attribute<&Node::WSY>("WSY: float", 1.0, "Vertical world scale factor as of the last draw.");
+  node.attribute<&Node::WAngle>("WAngle: float", 0.0,
+                                "World rotation in degrees as of the last draw.");
+  node.attribute<&Node::WX>("WX: float", 0.0,
+                            "Left edge in pixels of the screen as of the last draw.");
+  node.attribute<&Node::WY>("WY: float", 0.0,
+                            "Top edge in pixels of the screen as of the last draw.");
+  node.attribute<&Node::clicked>("clicked: bool", false, "Whether the node is being pressed.");
   node.attribute<&Node::CheckPickDownChild>(
           "CheckPickDownChild: bool", true,
-          "whether a press or release that a child takes is answered with the child; if false, "
-          "with the node itself")
+          "Whether a press or release that a child takes is answered with the child; if false, "
+          "with the node itself.")
       .pair("GetCheckPickDownChild", "SetCheckPickDownChild", "v")
       .copied_by("SetCheckPickDownChild");
   node.attribute<&Node::collisionType>("collisionType: int", -1,
-                                       "kind of collision shape, -1 for none");
-  node.attribute<&Node::collisionInfo>("collisionInfo: Any", nullptr,
-                                       "data of the collision shape");
+                                       "Kind of collision shape, -1 for none.");
+  node.attribute<&Node::collisionInfo>(
+      "collisionInfo: Any", nullptr,
+      "Data of the collision shape; see TiledMap.SetTileObject for nodes on tiles.");
   node.pair<&Node::collisionType, &Node::collisionInfo>("GetCollision", "SetCollision",
                                                         "(type: int, info: Any)")
       .copied_by("SetCollision");
-  node.attribute<&Node::editrectenable>("editrectenable: bool", false,
-                                        "edit rectangle can be dragged")
+  node.attribute<&Node::editrectenable>(
+          "editrectenable: bool", false,
+          "Whether the edit rectangle can be dragged with the pointer.")
       .setter("SetEditRectEnable", "v")
       .copied_by("SetEditRectEnable");
-  node.attribute<&Node::editrectvisible>("editrectvisible: bool", false, "edit rectangle is drawn")
+  node.attribute<&Node::editrectvisible>("editrectvisible: bool", false,
+                                         "Whether the edit rectangle is drawn.")
       .setter("SetEditRectVisible", "v")
       .copied_by("SetEditRectVisible");
-  node.attribute<&Node::dragcornerindex>("dragcornerindex: int", -2,
-                                         "handle being dragged, negative for none");
-  node.attribute<&Node::dragbegin_x>("dragbegin_x: float", -1,
-                                     "x of the pointer where a drag began, pixels");
-  node.attribute<&Node::dragbegin_y>("dragbegin_y: float", -1,
-                                     "y of the pointer where a drag began, pixels");
-  node.attribute<&Node::focusIn>("focusIn: bool", false, "has the keyboard focus")
+  node.attribute<&Node::dragcornerindex>(
+      "dragcornerindex: int", -2,
+      "Handle of the edit rectangle that is being dragged, 0 to 8; negative for none.");
+  node.attribute<&Node::dragbegin_x>(
+      "dragbegin_x: float", -1,
+      "Horizontal position of the pointer where the last drag began, in pixels of the screen.");
+  node.attribute<&Node::dragbegin_y>(
+      "dragbegin_y: float", -1,
+      "Vertical position of the pointer where the last drag began, in pixels of the screen.");
+  node.attribute<&Node::focusIn>("focusIn: bool", false, "Whether the node has the keyboard focus.")
       .pair("IsFocusIn", "SetFocusIn", "v");
-  node.attribute<&Node::userData>("userData: Any", nullptr, "free for scripts")
+  node.attribute<&Node::userData>("userData: Any", nullptr, "Free for scripts.")
       .pair("GetUserData", "SetUserData", "d")
       .copied_by("SetUserData");
 }
@@ -351,8 +391,12 @@ void register_scene_node(PyObject* module) {
   NodeDeclaration node(
       module, "GameNode",
       "A placed object of the scene: position, scale, angle, size, children, events.\n\n"
-      "`parent` is the owning node or None, `x` and `y` place the anchor relative to the parent's "
-      "top-left corner, in pixels.");
+      "`parent` is the owning node or None; a node without one is given to a layer. `x` and `y` "
+      "place the anchor relative to the parent's top-left corner, in pixels, `y` downwards. A node "
+      "of this class shows nothing itself. Raises AttributeError for a parent that is no node.\n\n"
+      ">>> parent = Tessora.GameNode(None, 100, 50)\n"
+      ">>> Tessora.GameNode(parent, 10, 20).GetWXY()\n"
+      "(110.0, 70.0)");
   node.constructor("(parent: GameNode | None, x: float = 0, y: float = 0)");
   declare_identity(node);
   declare_bound(node);

@@ -80,12 +80,16 @@ void GUI_Button::CopyTo(Value other) {
 void register_button(PyObject* module) {
   using Declaration = host::Declaration<Button, GUI_Label>;
   Declaration button(module, "GUI_Button",
-                     "A label that reacts to the mouse: normal, hovered and pressed.\n\nAssign "
-                     "`PickDownFunction` or `PickUpFunction` to learn of presses and releases.");
+                     "A label that reacts to the mouse: normal, hovered and pressed.\n\n"
+                     "The arguments are those of a label. A new button is a grey, raised box of "
+                     "100 x 100 pixels. Set `PickDownFunction` or `PickUpFunction` to learn of "
+                     "presses and releases; either is called with the button.\n\n"
+                     ">>> button = Tessora.GUI_Button(None, 10, 20, \"Start\")\n"
+                     ">>> button.SetPickUpFunction(lambda button: button.SetText(\"Started\"))");
   button.constructor(kLabelParameters);
   const auto black = host::color(0, 0, 0);
   auto grey = [](int level) { return host::color(level, level, level); };
-  const LookRows hovered(button, "_hover", "_Hover", ", pointer inside");
+  const LookRows hovered(button, "_hover", "_Hover", " while the pointer is inside");
   const LookRows pressed(button, "_click", "_Click", " while pressed");
   button.sets<&Button::NodeType>("Button");
   button.sets<&Button::PickDownFunction, &Button::PickUpFunction>(nullptr);
@@ -100,7 +104,7 @@ void register_button(PyObject* module) {
   pressed.picture<&Button::image_click, &Button::image_click_File>();
   button.sets<&Button::borderVisible>(true).step<&Button::begin_raised>();
   host::declare_getter<&Button::clicked>(button, "IsClicked", "bool",
-                                         "`clicked`: pressed at the moment");
+                                         "`clicked`: whether the button is being pressed.");
   declare_draw<&Button::draw>(
       button, "Draw the look of the current state, the border, overlays and children.")
       .method<&Button::OnPickDownFunction>(

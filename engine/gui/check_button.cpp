@@ -90,23 +90,26 @@ void GUI_CheckButton::drawBoxAndText(Value screen, Value picture, Value text_col
 void register_check_button(PyObject* module) {
   using Declaration = host::Declaration<Check, GUI_Button>;
   Declaration check(module, "GUI_CheckButton",
-                    "A button that a click checks and unchecks, with a box and a text.\n\nThe mark "
-                    "shows while it is checked, once a checked colour or a picture is set.");
+                    "A button that a click checks and unchecks, with a box and a text.\n\n"
+                    "The arguments are those of a label; a new one has 120 x 20 pixels. The mark "
+                    "shows while it is checked, once a checked colour or a picture is set.\n\n"
+                    ">>> sound = Tessora.GUI_CheckButton(None, 10, 20, \"Sound\")\n"
+                    ">>> sound.SetChecked(True)");
   check.constructor(kLabelParameters);
   check.sets<&Check::NodeType>("CheckButton").sets<&Check::width>(120).sets<&Check::height>(20);
   check.sets<&Check::bgColor>(host::module_value("GUI_WINDOW_BGCOLOR"));
   check.sets<&Check::PickDownFunction, &Check::PickUpFunction>(nullptr);
-  check.attribute<&Check::CheckValue>("CheckValue: bool", false, "whether it is checked")
+  check.attribute<&Check::CheckValue>("CheckValue: bool", false, "Whether the button is checked.")
       .pair("IsChecked", "SetChecked", "value");
   check.sets<&Check::HAlign>("left").sets<&Check::VAlign>("center");
   const LookRows normal(check, "", "", "");
-  const LookRows hovered(check, "_hover", "_Hover", ", pointer inside");
+  const LookRows hovered(check, "_hover", "_Hover", " while the pointer is inside");
   const LookRows pressed(check, "_click", "_Click", " while pressed");
   const LookRows checked(check, "_checked", "_Checked", " while checked");
   const LookRows hovered_checked(check, "_hover_checked", "_Hover_Checked",
-                                 " while checked, pointer inside");
+                                 " while checked, with the pointer inside", "_hover");
   const LookRows pressed_checked(check, "_click_checked", "_Click_Checked",
-                                 " while checked and pressed");
+                                 " while checked and pressed", "_click");
   checked.text_color<&Check::textColor_checked>(host::same_as<&Check::textColor>());
   checked.background<&Check::bgColor_checked>(host::same_as<&Check::bgColor>());
   checked.picture<&Check::image_checked>();
@@ -118,7 +121,7 @@ void register_check_button(PyObject* module) {
       host::same_as<&Check::textColor_click>());
   pressed_checked.background<&Check::bgColor_click_checked>(host::same_as<&Check::bgColor_click>());
   pressed_checked.picture<&Check::image_click_checked>();
-  check.attribute<&Check::checkboxVisible>("checkboxVisible: bool", true, "whether the box shows")
+  check.attribute<&Check::checkboxVisible>("checkboxVisible: bool", true, "Whether the box shows.")
       .pair("IsCheckBoxVisible", "SetCheckBoxVisible", "flag");
   normal.box<&Check::image_checkbox>("checkbox", "CheckBox");
   hovered.box<&Check::image_checkbox_hover>("checkbox", "CheckBox");

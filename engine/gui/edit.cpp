@@ -148,45 +148,57 @@ void GUI_Edit::OnKeyDownFunction(Value key) {
 void register_edit(PyObject* module) {
   host::Declaration<E, GUI_Label> edit(
       module, "GUI_Edit",
-      "A line of text to type into.\n\nA press gives it the focus and sets the cursor, a press "
-      "elsewhere takes the focus away. Keys reach it by their names in pygame.key.name().");
+      "A line of text to type into.\n\n"
+      "The arguments are those of a label; a new edit is a dark grey, sunken box of 100 x 100 "
+      "pixels with black text. A press gives it the focus and sets the cursor, a press elsewhere "
+      "takes the focus away. Keys reach it by their names in pygame.key.name().\n\n"
+      ">>> edit = Tessora.GUI_Edit(None, 10, 20, \"Ann\")\n"
+      ">>> edit.SetReturnCallBackFunc(lambda edit: print(\"Hello\", edit.GetText()))");
   edit.constructor(kLabelParameters);
   edit.sets<&E::NodeType>("Edit");
   edit.attribute<&E::cursorColor>("cursorColor: pygame.Color", host::color(255, 255, 255),
-                                  "colour of the cursor")
+                                  "Colour of the cursor.")
       .getter("GetCursorColor")
       .color_setter<host::Alpha::kOpaque>("SetCursorColor");
   edit.sets<&E::bgColor>(host::color(96, 96, 96));
   edit.attribute<&E::bgColor_focusIn>("bgColor_focusIn: pygame.Color", host::color(96, 96, 96),
-                                      "background with the focus")
+                                      "Background colour while the edit has the focus.")
       .getter("GetBGColor_Focus")
       .color_setter<host::Alpha::kOpaque>("SetBGColor_Focus");
-  edit.attribute<&E::image_focusIn>("image_focusIn: pygame.Surface | None", nullptr,
-                                    "picture with the focus, or None for the usual one")
+  edit.attribute<&E::image_focusIn>(
+          "image_focusIn: pygame.Surface | None", nullptr,
+          "Picture while the edit has the focus, or None for the usual one.")
       .getter("GetImage_focusIn");
   edit.attribute<&E::image_focusIn_File>("image_focusIn_File: str", "",
-                                         "file name of the picture with the focus")
+                                         "File name of the picture with the focus.")
       .getter("GetImageFile_focusIn");
-  edit.attribute<&E::cursorPos>("cursorPos: int", 0, "characters before the cursor")
+  edit.attribute<&E::cursorPos>("cursorPos: int", 0, "Number of characters before the cursor.")
       .setter("SetCursorPosition", "cursorPos");
   edit.attribute<&E::cursorshowtime>("cursorshowtime: float", 0.5,
-                                     "time that the cursor shows or hides, seconds");
-  edit.attribute<&E::cursorlasttime>("cursorlasttime: float", 0.0,
-                                     "when the cursor last appeared or vanished, time.time()");
-  edit.attribute<&E::cursorvisible>("cursorvisible: bool", false, "whether the cursor shows");
-  edit.attribute<&E::text_begin_index>("text_begin_index: int", 0, "first character shown");
-  edit.attribute<&E::text_end_index>("text_end_index: int", 0, "end of the characters shown");
+                                     "Seconds that the cursor shows, and that it hides.");
+  edit.attribute<&E::cursorlasttime>(
+      "cursorlasttime: float", 0.0,
+      "When the cursor last appeared or vanished, in seconds of time.time().");
+  edit.attribute<&E::cursorvisible>("cursorvisible: bool", false,
+                                    "Whether the cursor shows at the moment.");
+  edit.attribute<&E::text_begin_index>("text_begin_index: int", 0,
+                                       "Index of the first character that is shown.");
+  edit.attribute<&E::text_end_index>("text_end_index: int", 0,
+                                     "Index behind the last character that is shown.");
   edit.attribute<&E::max_char_count>("max_char_count: int", 50,
-                                     "length from which on keys insert nothing")
+                                     "Number of characters from which on keys insert nothing.")
       .setter("SetMaxCharCount", "count");
   edit.sets<&E::HAlign>("left").sets<&E::VAlign>("center");
-  edit.attribute<&E::ReturnCallBackFunc>("ReturnCallBackFunc: Callable[[GUI_Edit], Any] | None",
-                                         nullptr, "called with the edit on Return, or None")
+  edit.attribute<&E::ReturnCallBackFunc>(
+          "ReturnCallBackFunc: Callable[[GUI_Edit], Any] | None", nullptr,
+          "Called with the edit when Return is pressed in it, or None.")
       .setter("SetReturnCallBackFunc", "func");
   edit.step<&begin_sunken>();
   edit.hidden<&E::window_key>().hidden<&E::window_text>().hidden<&E::window_shown>();
   edit.method<&load_picture<&E::image_focusIn, &E::image_focusIn_File>>(
-          "SetImage_FocusIn(file: str) -> None", "Load `image_focusIn` through `Res`.")
+          "SetImage_FocusIn(file: str) -> None",
+          "Load `image_focusIn` through `Res` and record its file.\n\nA file that `Res` does not "
+          "find leaves None; AttributeError while `Res` is not set.")
       .method<&E::SetText>(
           "SetText(text: str) -> None",
           "Set the text and show its begin; the cursor stays within it.\n\nRaises TypeError for "
@@ -195,8 +207,8 @@ void register_edit(PyObject* module) {
                             "Set the width in pixels; the cursor stays in the part that shows.")
       .method<&E::OnKeyDownFunction>(
           "OnKeyDownFunction(keyname: Hashable) -> None",
-          "Handle a key by its name: with the focus it moves the cursor or changes the text, else "
-          "the callable registered for it runs.");
+          "Handle a key by its name, as of pygame.key.name(): with the focus it moves the cursor "
+          "or changes the text, else the function registered for it is called.");
   declare_edit_drawing(edit);
   edit.finish();
 }

@@ -54,19 +54,25 @@ template <class Widget, class Base>
 auto declare_font_rows(host::Declaration<Widget, Base>& d) {
   const auto unset = host::unset();
   auto row = d.template attribute<&Widget::font>("font: pygame.font.Font", unset,
-                                                 "pygame font that renders the text");
+                                                 "pygame.font.Font that renders the text.");
   row.getter("GetFont");
-  d.template attribute<&Widget::fontname>("fontname: str", unset, "name of the font or its file")
+  d.template attribute<&Widget::fontname>(
+       "fontname: str", unset, "Name of the system font, or of the font's file. Default \"Arial\".")
       .getter("GetFontName");
-  d.template attribute<&Widget::fontsize>("fontsize: int", unset, "size of the font, pixels")
+  d.template attribute<&Widget::fontsize>("fontsize: int", unset,
+                                          "Size of the font in pixels. Default 16.")
       .getter("GetFontSize");
-  d.template attribute<&Widget::fontbold>("fontbold: bool", unset, "bold text")
+  d.template attribute<&Widget::fontbold>("fontbold: bool", unset,
+                                          "Whether the font was made bold. Default False.")
       .getter("GetFontBold");
-  d.template attribute<&Widget::fontitalic>("fontitalic: bool", unset, "italic text")
+  d.template attribute<&Widget::fontitalic>("fontitalic: bool", unset,
+                                            "Whether the font was made italic. Default False.")
       .getter("GetFontItalic");
-  d.template attribute<&Widget::fontunderline>("fontunderline: bool", unset, "underlined text")
+  d.template attribute<&Widget::fontunderline>(
+       "fontunderline: bool", unset, "Whether the font was made to underline. Default False.")
       .getter("GetFontUnderline");
-  d.template attribute<&Widget::strikethrough>("strikethrough: bool", unset, "text struck through")
+  d.template attribute<&Widget::strikethrough>(
+       "strikethrough: bool", unset, "Whether the font was made to strike through. Default False.")
       .getter("GetFontStrikeThrough");
   return row;
 }
@@ -75,8 +81,9 @@ inline constexpr const char* kCreateFont =
     "CreateFont(fontname: str, fontsize: int, bold: bool = False, italic: bool = False, "
     "underline: bool = False, strikethrough: bool = False) -> None";
 inline constexpr const char* kCreateFontDoc =
-    "Make and use a system font or, with \".ttf\" or \".otf\" in the name, a font file of "
-    "the resources.\n\nRaises AttributeError when `Res` does not find the file.";
+    "Make and use a system font or, with \".ttf\" or \".otf\" in the name, a font file of the "
+    "resources.\n\n`fontsize` is in pixels. Raises AttributeError when `Res` is not set or does "
+    "not find the file.";
 inline constexpr const char* kSetFont = "SetFont(font: pygame.font.Font, fontname: str) -> None";
 inline constexpr const char* kSetFontDoc =
     "Use a ready font; its size and flags are not read.\n\nA font that is made bold, italic, "

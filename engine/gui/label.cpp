@@ -118,32 +118,39 @@ enum CopyRank : std::uint8_t { kText, kShowChar, kFont, kVisible, kAlign, kColor
 
 void declare_rows(LabelDeclaration& d) {
   using L = GUI_Label;
-  d.attribute<&L::text>("text: str", host::given("text"), "the string shown")
+  d.attribute<&L::text>("text: str", host::given("text"), "The text that is shown.")
       .pair("GetText", "SetText", "text")
       .copied_by("SetText", kText);
   declare_font_rows(d).copies(&copy_font, "SetFont", kFont);
   d.step<&start_label_font>();
-  d.attribute<&L::textColor>("textColor: pygame.Color", host::color(0, 0, 0), "colour of the text")
+  d.attribute<&L::textColor>("textColor: pygame.Color", host::color(0, 0, 0), "Colour of the text.")
       .getter("GetTextColor")
       .color_setter<host::Alpha::kGiven>("SetTextColor")
       .color_copied_by<host::Alpha::kGiven>("SetTextColor", kColor);
-  d.attribute<&L::HAlign>("HAlign: str", "center", "\"left\", \"center\" or \"right\"")
+  d.attribute<&L::HAlign>("HAlign: str", "center",
+                          "Horizontal alignment of the text: \"left\", \"right\" or \"center\", "
+                          "which others count as.")
       .pair("GetTextHAlign", "SetTextHAlign", "align")
       .copied_by("SetTextHAlign", kAlign);
-  d.attribute<&L::VAlign>("VAlign: str", "center", "\"top\", \"center\" or \"bottom\"")
+  d.attribute<&L::VAlign>(
+       "VAlign: str", "center",
+       "Vertical alignment of the text: \"top\", \"bottom\" or \"center\", which others count as.")
       .pair("GetTextVAlign", "SetTextVAlign", "align")
       .copied_by("SetTextVAlign", kAlign);
-  d.attribute<&L::textleftgap>("textleftgap: float", 2, "distance from the left edge, pixels")
+  d.attribute<&L::textleftgap>(
+       "textleftgap: float", 2,
+       "Distance of left-aligned text from the left edge, in unscaled pixels.")
       .pair("GetTextLeftGap", "SetTextLeftGap", "gap")
       .copied_by("SetTextLeftGap", kGap);
-  d.attribute<&L::texttopgap>("texttopgap: float", 2, "distance from the top edge, pixels")
+  d.attribute<&L::texttopgap>("texttopgap: float", 2,
+                              "Distance of top-aligned text from the top edge, in unscaled pixels.")
       .pair("GetTextTopGap", "SetTextTopGap", "gap")
       .copied_by("SetTextTopGap", kGap);
-  d.attribute<&L::textVisible>("textVisible: bool", true, "whether the text is drawn")
+  d.attribute<&L::textVisible>("textVisible: bool", true, "Whether the text is drawn.")
       .pair("IsTextVisible", "SetTextVisible", "flag")
       .copied_by("SetTextVisible", kVisible);
   d.attribute<&L::showChar>("showChar: str | None", nullptr,
-                            "character shown in place of each one, or None")
+                            "Character shown in place of each one, as for a password, or None.")
       .pair("GetShowChar", "SetShowChar", "char")
       .copied_by("SetShowChar", kShowChar);
 }
@@ -153,8 +160,13 @@ void declare_rows(LabelDeclaration& d) {
 void register_label(PyObject* module) {
   LabelDeclaration label(
       module, "GUI_Label",
-      "An image widget with one line of text.\n\n`fontname` is a system font, or a \".ttf\" or "
-      "\".otf\" file that `Res` finds; `fontsize` is in pixels.");
+      "An image widget with one line of text.\n\n"
+      "`x` and `y` place the anchor in the parent, in pixels. `fontname` is a system font, or a "
+      "\".ttf\" or \".otf\" file that `Res` finds: AttributeError if it does not. `fontsize` is in "
+      "pixels. A label is as white and large as an image: the style \"hollow\" leaves the text "
+      "alone.\n\n"
+      ">>> label = Tessora.GUI_Label(None, 10, 20, \"Score: 0\")\n"
+      ">>> label.SetText(\"Score: 1\")");
   label.constructor(kLabelParameters);
   label.sets<&GUI_Label::NodeType>("Label");
   declare_rows(label);

@@ -43,37 +43,42 @@ template <class Declaration>
 class LookRows {
  public:
   // `suffix` ends the names of the attributes, `method_suffix` those of their accessors; `when`
-  // the look is shown completes the docs.
-  LookRows(Declaration& widget, std::string suffix, std::string method_suffix, std::string when)
+  // the look is shown completes the docs, `like` names the suffix of the colours that those of the
+  // look are at first.
+  LookRows(Declaration& widget, std::string suffix, std::string method_suffix, std::string when,
+           std::string like = "")
       : widget_(widget),
         suffix_(std::move(suffix)),
         method_suffix_(std::move(method_suffix)),
-        when_(std::move(when)) {}
+        when_(std::move(when)),
+        like_(std::move(like)) {}
 
   template <auto Member>
   void text_color(const host::Default& value) const {
-    add_color<Member>("textColor", "TextColor", "text colour", value, 0);
+    add_color<Member>("textColor", "TextColor", "Text colour", value, 0);
   }
   template <auto Member>
   void background(const host::Default& value) const {
-    add_color<Member>("bgColor", "BGColor", "background", value, 1);
+    add_color<Member>("bgColor", "BGColor", "Background colour", value, 1);
   }
   // Loaded from a file, whose name is recorded where there is an attribute for that.
   template <auto Member, auto... File>
   void picture() const {
-    add_picture<Member, File...>("", "", "picture" + when_, nullptr)
+    add_picture<Member, File...>("", "", "Picture" + when_, nullptr)
         .getter(keep("GetImage" + method_suffix_));
   }
   // The picture of a check or radio button's box.
   template <auto Member>
   void box(const std::string& name, const std::string& method) const {
-    add_picture<Member>("_" + name, "_" + method, "picture of the box" + when_, nullptr)
+    add_picture<Member>("_" + name, "_" + method, "Picture of the box" + when_, nullptr)
         .getter(keep("GetImage_" + method + method_suffix_));
   }
   // One that is never drawn and no attribute before it is set; until then its getter gives None.
   template <auto Member>
   void spare_box(const std::string& name, const std::string& method) const {
-    add_picture<Member>("_" + name, "_" + method, "kept for the script, not drawn", host::unset());
+    add_picture<Member>("_" + name, "_" + method,
+                        "Picture of the box that is kept for the script, not drawn; unset at first",
+                        host::unset());
     widget_.template method<&value_or_none<Member>>(
         keep("GetImage_" + method + method_suffix_ + "() -> pygame.Surface | None"),
         keep("Return `image_" + name + suffix_ + "`, or None before it is set."));
@@ -85,7 +90,7 @@ class LookRows {
       if (!from.is_unset(slot) && from.is_set(slot)) to.call(row.name, from.read(slot));
     };
     add<Member>("image" + suffix_ + "_File: str | None",
-                "file name of the picture" + when_ + ", or None")
+                "File name of the picture" + when_ + ", or None.")
         .getter(keep("GetImageFile" + method_suffix_))
         .copies(kReload, keep("SetImage" + method_suffix_), 2);
   }
@@ -103,14 +108,18 @@ class LookRows {
     widget_.template method<&load_picture<Member, File...>>(
         keep("SetImage" + method_part + method_suffix_ + "(imagefile: str) -> None"),
         keep("Load `" + name + "` through `Res`" +
-             (sizeof...(File) == 0 ? "." : " and record its file.")));
-    return add<Member>(name + ": pygame.Surface | None", what + optional, value);
+             (sizeof...(File) == 0 ? "." : " and record its file.") +
+             "\n\nA file that `Res` does not find leaves None; AttributeError while `Res` is not "
+             "set."));
+    return add<Member>(name + ": pygame.Surface | None", what + optional + ".", value);
   }
   template <auto Member>
   void add_color(const char* name, const char* method, const char* what, const host::Default& value,
                  int rank) const {
     const char* setter = keep(std::string("Set") + method + method_suffix_);
-    add<Member>(name + suffix_ + ": pygame.Color", what + when_, value)
+    const bool is_shared = value.step().kind == host::Step::Kind::kSame;
+    const std::string first = is_shared ? ", at first the one in `" + (name + like_) + "`." : ".";
+    add<Member>(name + suffix_ + ": pygame.Color", what + when_ + first, value)
         .getter(keep(std::string("Get") + method + method_suffix_))
         .template color_setter<host::Alpha::kOpaque>(setter)
         .template color_copied_by<host::Alpha::kOpaque>(setter, rank);
@@ -118,7 +127,7 @@ class LookRows {
   [[nodiscard]] const char* keep(std::string text) const { return widget_.keep(std::move(text)); }
 
   Declaration& widget_;
-  std::string suffix_, method_suffix_, when_;
+  std::string suffix_, method_suffix_, when_, like_;
 };
 
 }  // namespace tessora

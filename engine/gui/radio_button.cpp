@@ -65,18 +65,24 @@ void register_radio_button(PyObject* module) {
   using Declaration = host::Declaration<Radio, GUI_Button>;
   Declaration radio(module, "GUI_RadioButton",
                     "A button with a round box and a text; a click chooses it among the radio "
-                    "buttons of its parent.");
+                    "buttons of its parent.\n\n"
+                    "The arguments are those of a label; a new one has 120 x 20 pixels.\n\n"
+                    ">>> levels = Tessora.GameNode(None, 10, 20)\n"
+                    ">>> easy = Tessora.GUI_RadioButton(levels, 0, 0, \"Easy\")\n"
+                    ">>> hard = Tessora.GUI_RadioButton(levels, 0, 24, \"Hard\")");
   radio.constructor(kLabelParameters);
   radio.sets<&Radio::NodeType>("RadioButton").sets<&Radio::width>(120).sets<&Radio::height>(20);
   radio.sets<&Radio::bgColor>(host::module_value("GUI_WINDOW_BGCOLOR"));
   radio.sets<&Radio::PickDownFunction, &Radio::PickUpFunction>(nullptr);
-  radio.attribute<&Radio::RadioValue>("RadioValue: bool", false, "whether it is the chosen one")
+  radio
+      .attribute<&Radio::RadioValue>("RadioValue: bool", false,
+                                     "Whether the button is the chosen one.")
       .pair("GetRadioValue", "SetRadioValue", "value");
   radio.sets<&Radio::HAlign>("left").sets<&Radio::VAlign>("center");
-  radio.attribute<&Radio::radioboxVisible>("radioboxVisible: bool", true, "whether the box shows")
+  radio.attribute<&Radio::radioboxVisible>("radioboxVisible: bool", true, "Whether the box shows.")
       .pair("IsRadioBoxVisible", "SetRadioBoxVisible", "flag");
   const LookRows normal(radio, "", "", "");
-  const LookRows hovered(radio, "_hover", "_Hover", ", pointer inside");
+  const LookRows hovered(radio, "_hover", "_Hover", " while the pointer is inside");
   const LookRows pressed(radio, "_click", "_Click", " while pressed");
   normal.box<&Radio::image_radiobox>("radiobox", "RadioBox");
   hovered.box<&Radio::image_radiobox_hover>("radiobox", "RadioBox");

@@ -160,8 +160,11 @@ void register_text_box(PyObject* module) {
   using B = GUI_Text;
   host::Declaration<B, GUI_Edit> box(
       module, "GUI_Text",
-      "A text of many lines to type into.\n\nIt is broken by width, behind spaces where there are "
-      "any, and at line breaks; a window of whole lines follows the cursor.");
+      "A text of many lines to type into.\n\n"
+      "The arguments are those of a label. The text is broken by width, behind spaces where there "
+      "are any, and at line breaks; a window of whole lines follows the cursor.\n\n"
+      ">>> text = Tessora.GUI_Text(None, 10, 20, \"Dear diary,\\ntoday\")\n"
+      ">>> text.SetWidth(300)");
   box.constructor(kLabelParameters);
   box.sets<&B::NodeType>("Text");
   declare_text_lines(box);

@@ -148,16 +148,19 @@ void GUI_Text::SetLineGap(Value gap) {
 
 void declare_text_lines(host::Declaration<GUI_Text, GUI_Edit>& box) {
   using B = GUI_Text;
-  box.attribute<&B::lineArray>("lineArray: list[str]", host::made<&host::new_list>(),
-                               "the lines, with their spaces and line breaks: joined, the text");
-  box.attribute<&B::lineCount>("lineCount: int", 0, "number of lines");
-  box.attribute<&B::lineIndex>("lineIndex: int", 0, "first line shown");
-  box.attribute<&B::showlineCount>("showlineCount: int", 0, "lines that fit");
-  box.attribute<&B::cursorRow>("cursorRow: int", 0, "line of the cursor");
-  box.attribute<&B::lineHeight>("lineHeight: float", 0,
-                                "height of a line, pixels; the font's until it is set")
+  box.attribute<&B::lineArray>("lineArray: list[str]",
+                               host::replaced(host::made<&host::new_list>()),
+                               "The lines with their spaces and line breaks; joined, the text.");
+  box.attribute<&B::lineCount>("lineCount: int", host::replaced(0), "Number of lines.");
+  box.attribute<&B::lineIndex>("lineIndex: int", 0, "First line that is shown, counted from 0.");
+  box.attribute<&B::showlineCount>("showlineCount: int", host::replaced(0),
+                                   "Number of lines that fit into the height.");
+  box.attribute<&B::cursorRow>("cursorRow: int", 0, "Line of the cursor, counted from 0.");
+  box.attribute<&B::lineHeight>("lineHeight: float", host::replaced(0),
+                                "Height of a line in pixels; the font's until it is set.")
       .getter("GetLineHeight");
-  box.attribute<&B::linegap>("linegap: float", 0, "distance between lines, pixels")
+  box.attribute<&B::linegap>("linegap: float", host::replaced(0),
+                             "Distance between lines in pixels. Default 2.")
       .getter("GetLineGap");
   box.hidden<&B::broken_text>().hidden<&B::broken_lines>().hidden<&B::broken_key>();
   box.step<&B::begin_lines>();

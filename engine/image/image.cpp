@@ -154,72 +154,83 @@ void copy_blend_type(host::Object& from, Value to, const host::CopyRow& row) {
 }
 
 void declare_frames(ImageDeclaration& d) {
-  d.attribute<&I::bgColor>("bgColor: pygame.Color | None", host::color(255, 255, 255),
-                           "tint or background colour, or None")
+  d.attribute<&I::bgColor>(
+       "bgColor: pygame.Color | None", host::color(255, 255, 255),
+       "Tint of the picture, or the background's colour without a picture; None for neither.")
       .getter("GetBGColor")
       .color_setter<host::Alpha::kGiven>("SetBGColor");
-  d.attribute<&I::alpha>("alpha: float", 255, "opacity of the picture, 0 to 255");
-  d.attribute<&I::image>("image: pygame.Surface | None", nullptr, "the current surface, or None")
+  d.attribute<&I::alpha>("alpha: float", 255, "Opacity of the picture, 0 to 255.");
+  d.attribute<&I::image>("image: pygame.Surface | None", nullptr,
+                         "The surface that is shown, or None.")
       .getter("GetImage");
   d.attribute<&I::imageArray>("imageArray: list[pygame.Surface | None] | None", nullptr,
-                              "the frames, or None");
-  d.attribute<&I::imageFrameRectArray>("imageFrameRectArray: dict[str, pygame.Rect]",
-                                       host::empty_dict(),
-                                       "frame name to its rectangle in the atlas");
-  d.attribute<&I::imagefiles>("imagefiles: _ImageFiles", nullptr, "what SetImage was given")
+                              "The frames, or None.");
+  d.attribute<&I::imageFrameRectArray>(
+      "imageFrameRectArray: dict[str, pygame.Rect]", host::empty_dict(),
+      "Frames of the atlas: name to rectangle in the sheet, in pixels.");
+  d.attribute<&I::imagefiles>("imagefiles: _ImageFiles", nullptr, "What SetImage was given.")
       .getter("GetImageFiles");
-  d.attribute<&I::imageCount>("imageCount: int", 0, "number of frames").getter("GetImageCount");
-  d.attribute<&I::imageIndex>("imageIndex: int", 0, "frame of the animation");
-  d.attribute<&I::imageDelay>("imageDelay: float", 0, "time towards the next frame, seconds");
-  d.attribute<&I::imageSwitchDelay>("imageSwitchDelay: float", 0.1, "time per frame, seconds")
+  d.attribute<&I::imageCount>("imageCount: int", 0, "Number of frames.").getter("GetImageCount");
+  d.attribute<&I::imageIndex>("imageIndex: int", 0, "Frame of the animation, counted from 0.");
+  d.attribute<&I::imageDelay>("imageDelay: float", 0,
+                              "Seconds that have gone towards the next frame.");
+  d.attribute<&I::imageSwitchDelay>("imageSwitchDelay: float", 0.1, "Seconds that a frame lasts.")
       .pair("GetSwitchImageDelay", "SetSwitchImageDelay", "delay");
-  d.attribute<&I::imageAutoSwitch>("imageAutoSwitch: bool", false, "frame animation on or off")
+  d.attribute<&I::imageAutoSwitch>("imageAutoSwitch: bool", false,
+                                   "Whether the frame animation runs.")
       .setter("SetAutoSwitch", "flag");
   d.attribute<&I::plistFile>("plistFile: str | None", nullptr,
-                             "atlas that the frames came from, or None")
+                             "Atlas that the frames came from, or None.")
       .getter("GetPlistFile");
   d.attribute<&I::currActionName>("currActionName: str | None", nullptr,
-                                  "current animation, or None")
+                                  "Name of the current animation, or None.")
       .getter("GetCurrActionName");
   d.attribute<&I::originalImage>("originalImage: GUI_Image | None", nullptr,
-                                 "widget that is mirrored, or None")
+                                 "Widget whose picture is mirrored, or None.")
       .getter("GetOriginalImage");
-  d.attribute<&I::autosize>("autosize: bool", false, "the size follows the picture")
+  d.attribute<&I::autosize>("autosize: bool", false, "Whether the size follows the picture.")
       .getter("IsAutoImageSize");
   d.attribute<&I::blendtype>("blendtype: int", host::library_value("BLEND_MULT"),
-                             "blend flag of the picture's blit")
+                             "Flag with which the picture is blitted, as SetBlendType chooses it.")
       .getter("GetBlendType")
       .copies(&copy_blend_type, "SetBlendType", kBlend);
 }
 
 void declare_border_rows(ImageDeclaration& d) {
-  d.attribute<&I::borderwidth>("borderwidth: int", 2, "border thickness, pixels")
+  d.attribute<&I::borderwidth>("borderwidth: int", 2, "Thickness of the border in pixels.")
       .pair("GetBorderWidth", "SetBorderWidth", "width")
       .copied_by("SetBorderWidth", kWidth);
-  d.attribute<&I::borderVisible>("borderVisible: bool", false, "whether the border is drawn")
+  d.attribute<&I::borderVisible>("borderVisible: bool", false, "Whether the border is drawn.")
       .pair("IsBorderVisible", "SetBorderVisible", "flag")
       .copied_by("SetBorderVisible", kVisible);
   d.attribute<&I::borderColor>("borderColor: pygame.Color",
                                host::module_value("GUI_WINDOW_BGCOLOR"),
-                               "border colour of the solid style")
+                               "Colour of the border in the style \"solid\".")
       .getter("GetBorderColor")
       .color_setter<host::Alpha::kOpaque>("SetBorderColor")
       .color_copied_by<host::Alpha::kOpaque>("SetBorderColor", kColor);
-  d.attribute<&I::borderColor_LT>("borderColor_LT: pygame.Color", host::color(218, 218, 218),
-                                  "light edge of the relief");
-  d.attribute<&I::borderColor_RB>("borderColor_RB: pygame.Color", host::color(64, 64, 64),
-                                  "dark edge of the relief");
-  d.attribute<&I::imageAnchor>("imageAnchor: str", "wn", "anchor keyword").getter("GetImageAnchor");
-  d.attribute<&I::coll_visible>("coll_visible: bool", false, "draw the collision rectangles")
+  d.attribute<&I::borderColor_LT>(
+      "borderColor_LT: pygame.Color", host::color(218, 218, 218),
+      "Light edge of the relief, left and top in the style \"raised\".");
+  d.attribute<&I::borderColor_RB>(
+      "borderColor_RB: pygame.Color", host::color(64, 64, 64),
+      "Dark edge of the relief, right and bottom in the style \"raised\".");
+  d.attribute<&I::imageAnchor>("imageAnchor: str", "wn",
+                               "Keyword of the anchor, as SetImageAnchor takes it, in lower case.")
+      .getter("GetImageAnchor");
+  d.attribute<&I::coll_visible>("coll_visible: bool", false,
+                                "Whether the collision rectangles are outlined.")
       .setter("SetCollInfoVisible", "flag");
-  d.attribute<&I::coll_rectArray>("coll_rectArray: dict[str, list[Any]]", host::empty_dict(),
-                                  "collision rectangles: name to a list")
+  d.attribute<&I::coll_rectArray>(
+       "coll_rectArray: dict[str, list[Any]]", host::empty_dict(),
+       "Collision rectangles: name to a list of them, in unscaled pixels from the top-left corner.")
       .getter("GetCollRectArray");
   d.attribute<&I::style>("style: str | None", "flat",
-                         "\"flat\", \"raised\", \"sunken\", \"solid\", \"hollow\" or None")
+                         "Style of the border: \"flat\", \"raised\", \"sunken\", \"solid\" or "
+                         "\"hollow\" (no background), or None (no picture).")
       .getter("GetStyle");
   d.sets<&I::WSX, &I::WSY>(1.0).sets<&I::WAngle>(0.0).step<&I::compute_place>();
-  d.attribute<&I::enable>("enable: bool", true, "accepts input")
+  d.attribute<&I::enable>("enable: bool", true, "Whether the widget takes input.")
       .pair("IsEnable", "SetEnable", "flag");
   d.hidden<&I::atlas_frames>();
 }
@@ -229,11 +240,12 @@ void declare_frame_methods(ImageDeclaration& image) {
       .method<&I::SetImage>(
           "SetImage(imagefiles: _ImageFiles, switchdelay: float = 0.1) -> None",
           "Set the picture: a file name, a list of files (the frames), an atlas (\".plist\"), a "
-          "surface, or None.\n\nFiles are loaded through `Res`; `switchdelay` is the time per "
-          "frame in seconds. The running frame index is kept.")
-      .method<&I::UseImage>(
-          "UseImage(originalImage: GUI_Image, autoSize: bool) -> None",
-          "Mirror the picture of another widget from now on; see AutoImageSize for `autoSize`.")
+          "surface, or None.\n\nFiles are loaded through `Res`: a file that it does not find "
+          "leaves no picture, and AttributeError is raised while `Res` is not set. `switchdelay` "
+          "is the time per frame in seconds. The running frame index is kept.")
+      .method<&I::UseImage>("UseImage(originalImage: GUI_Image, autoSize: bool) -> None",
+                            "Mirror the picture of another widget from now on; see AutoImageSize "
+                            "for `autoSize`.\n\nRaises AttributeError for what is no widget.")
       .method<&I::AutoImageSize>(
           "AutoImageSize(autosize: bool) -> None",
           "Store the flag; while it is true the size follows the picture, from now on.")
@@ -256,8 +268,12 @@ void register_image(PyObject* module) {
   ImageDeclaration image(
       module, "GUI_Image",
       "A widget with a picture, a frame animation or a plain background, and a border.\n\n"
-      "`x` and `y` place the anchor relative to the parent's top-left corner, in pixels. Without "
-      "a picture it is a white box of 100 x 100 pixels.");
+      "`x` and `y` place the anchor relative to the parent's top-left corner, in pixels. Without a "
+      "picture it is a white box of 100 x 100 pixels.\n\n"
+      ">>> image = Tessora.GUI_Image(None, 10, 20)\n"
+      ">>> image.SetImage(\"hero.png\")\n"
+      "hero.png load:1\n"
+      ">>> image.AutoImageSize(True)");
   image.constructor("(parent: GameNode | None = None, x: float = 0, y: float = 0)");
   image.sets<&I::NodeType>("Image");
   declare_frames(image);

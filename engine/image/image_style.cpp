@@ -71,15 +71,18 @@ void GUI_Image::CopyTo(Value other) {
 }
 
 void declare_image_style(ImageDeclaration& image) {
-  image.method<&GUI_Image::DropBGColor>("DropBGColor() -> None", "Use no tint and no background.")
+  image
+      .method<&GUI_Image::DropBGColor>("DropBGColor() -> None",
+                                       "Use no tint and no background: `bgColor` becomes None.")
       .method<&GUI_Image::SetStyle>(
           "SetStyle(style: str | None, borderVisible: bool = True) -> None",
-          "Set the border style and, by default, show the border.\n\nStyles: \"flat\", "
-          "\"raised\", \"sunken\", \"solid\", \"hollow\" (no background).")
+          "Set the border style and, by default, show the border.\n\nStyles: \"flat\", \"raised\", "
+          "\"sunken\", \"solid\", \"hollow\" (no background); others are kept and draw no relief. "
+          "None draws no picture either.")
       .method<&GUI_Image::SetBlendType>(
           "SetBlendType(blendtype: str) -> None",
-          "\"ADD\" and \"SUB\" select pygame's BLEND_ADD and BLEND_SUB, anything else BLEND_MULT, "
-          "which is drawn as a plain blit.")
+          "Set how the picture is blitted: \"ADD\" and \"SUB\" select pygame's BLEND_ADD and "
+          "BLEND_SUB, anything else BLEND_MULT, which is drawn as a plain blit.")
       .method<&GUI_Image::SetImageAnchor>(
           "SetImageAnchor(anchor: str) -> None",
           "Set the anchor by keyword: \"wn\", \"n\", \"en\", \"w\", \"center\", \"e\", \"ws\", "
@@ -87,11 +90,12 @@ void declare_image_style(ImageDeclaration& image) {
       .method<&GUI_Image::AddCollRect>(
           "AddCollRect(collName: str, rect: _RectValue) -> None",
           "Add a collision rectangle (unscaled pixels from the top-left corner) under a name.")
-      .method<&GUI_Image::CleanCollRect>("CleanCollRect(collName: str) -> None",
-                                         "Empty the list of that name.")
-      .method<&GUI_Image::GetCollRect>(
-          "GetCollRect(collName: str) -> list[Any]",
-          "Return the list of rectangles of that name; KeyError for an unknown one.")
+      .method<&GUI_Image::CleanCollRect>(
+          "CleanCollRect(collName: str) -> None",
+          "Empty the list of collision rectangles of that name; an unknown name is ignored.")
+      .method<&GUI_Image::GetCollRect>("GetCollRect(collName: str) -> list[Any]",
+                                       "Return the list of collision rectangles of that "
+                                       "name.\n\nRaises KeyError for an unknown one.")
       .method<&GUI_Image::CopyTo>(
           "CopyTo(other: GameNode) -> None",
           "Copy the widget's state into `other`; surfaces are shared, lists and colours copied.");

@@ -215,12 +215,14 @@ const Attribute& DeclarationBase::add_attribute(const char* row, Py_ssize_t offs
   Attribute attribute{intern(name).get(), name, type, doc, offset, lazy};
   add_relevant_name(attribute.name);
   info_.attributes.push_back(attribute);
-  info_.members.push_back({Member::Kind::kAttribute, row, doc});
+  const bool tells_itself = value.is_none_at_all || value.is_replaced;
+  const char* told = tells_itself ? doc : keep(with_default(doc, value.step()));
+  info_.members.push_back({Member::Kind::kAttribute, row, told});
   if (lazy) {
     Attribute& kept = tables_->lazy.emplace_back(attribute);
-    tables_->properties.push_back({name, &get_lazy, &set_lazy, doc, &kept});
+    tables_->properties.push_back({name, &get_lazy, &set_lazy, told, &kept});
   } else {
-    tables_->members.push_back({name, T_OBJECT_EX, offset, 0, doc});
+    tables_->members.push_back({name, T_OBJECT_EX, offset, 0, told});
   }
   add_step(value, offset);
   return info_.attributes.back();

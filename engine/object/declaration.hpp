@@ -4,7 +4,7 @@
 //   host::Declaration<Lamp, GameNode> lamp(module, "Lamp", "A light.");
 //   lamp.constructor("(parent: GameNode | None, power: float = 40)");
 //   lamp.sets<&Lamp::NodeType>("Lamp");
-//   lamp.attribute<&Lamp::power>("power: float", host::given("power"), "watts")
+//   lamp.attribute<&Lamp::power>("power: float", host::given("power"), "Power in watts.")
 //       .pair("GetPower", "SetPower", "power")
 //       .copied();
 //   lamp.method<&Lamp::Switch>("Switch(on: bool) -> None", "Switch the light.");
@@ -13,6 +13,7 @@
 
 #include <deque>
 
+#include "engine/object/attribute_texts.hpp"
 #include "engine/object/bindings.hpp"
 #include "engine/object/dispatch.hpp"
 
@@ -38,6 +39,8 @@ class Default {
   const char* argument = nullptr;
   // Set by a step of the constructor, or by nobody at first.
   bool is_none_at_all = false;
+  // A step sets another one: the row's own text tells of it.
+  bool is_replaced = false;
 
  private:
   Step step_;
@@ -53,6 +56,11 @@ inline Default given(const char* name) {
 inline Default unset() {
   Default value(nullptr);
   value.is_none_at_all = true;
+  return value;
+}
+// What is there until a step sets another value.
+inline Default replaced(Default value) {
+  value.is_replaced = true;
   return value;
 }
 // A new object for every instance.
@@ -198,7 +206,8 @@ class Row {
     declare_native<&set_color<Member, kWithAlpha>>(
         declaration_, keep(std::string(name) + "(r: int, g: int, b: int" + alpha),
         keep("Set " + about() +
-             (kWithAlpha ? "; components from 0 to 255." : ", opaque; components from 0 to 255.")));
+             (kWithAlpha ? "\n\nComponents" : "\n\nThe colour is opaque. Components") +
+             " are from 0 to 255; others raise ValueError."));
     return *this;
   }
 
@@ -241,9 +250,7 @@ class Row {
     return *this;
   }
 
-  [[nodiscard]] std::string about() const {
-    return std::string("`") + attribute_.chars + "`: " + attribute_.doc;
-  }
+  [[nodiscard]] std::string about() const { return told_of(attribute_); }
   [[nodiscard]] const char* keep(std::string text) { return declaration_.keep(std::move(text)); }
   [[nodiscard]] DeclarationBase& declaration() noexcept { return declaration_; }
 
@@ -338,7 +345,7 @@ class Declaration : public DeclarationBase {
                               const char* parameters) {
     const Attribute& first = attribute_at(offset<First>());
     const Attribute& second = attribute_at(offset<Second>());
-    const std::string about = std::string("`") + first.chars + "` and `" + second.chars + "`.";
+    const std::string about = told_of(first, second);
     declare_getter<First, Second>(
         *this, getter_name, std::string("tuple[") + first.type + ", " + second.type + "]", about);
     declare_native<&native_setter<First, Second>>(

@@ -206,13 +206,13 @@ void declare_handed_on(ComboDeclaration& combo) {
       .method<&ask_part<kList, "GetItemBGColor">>("GetItemBGColor() -> pygame.Color",
                                                   "Return the background of the lines.")
       .method<&ask_part<kList, "GetLineGap">>("GetLineGap() -> float",
-                                              "Return the distance between lines, pixels.")
+                                              "Return the distance between lines in pixels.")
       .method<&tell_part<kList, "SetLineGap">>("SetLineGap(gap: float) -> None",
-                                               "Set the distance between lines, pixels.")
+                                               "Set the distance between lines in pixels.")
       .method<&ask_part<kList, "GetLineHeight">>("GetLineHeight() -> float",
-                                                 "Return the height of a line, pixels.")
+                                                 "Return the height of a line in pixels.")
       .method<&tell_part<kList, "SetLineHeight">>("SetLineHeight(height: float) -> None",
-                                                  "Set the height of a line, pixels.")
+                                                  "Set the height of a line in pixels.")
       .method<&ask_part<kList, "GetVScrollBarVisible">>(
           "GetVScrollBarVisible() -> bool",
           "Return whether the list shows a scroll bar when not all lines fit.")
@@ -224,7 +224,7 @@ void declare_handed_on(ComboDeclaration& combo) {
       .method<&ask_part<kEdit, "GetFontName">>("GetFontName() -> str",
                                                "Return the name of the edit's font.")
       .method<&ask_part<kEdit, "GetFontSize">>("GetFontSize() -> int",
-                                               "Return the size of the edit's font, pixels.")
+                                               "Return the size of the edit's font in pixels.")
       .method<&ask_part<kEdit, "GetFontBold">>("GetFontBold() -> bool",
                                                "Return whether the edit's font was made bold.")
       .method<&ask_part<kEdit, "GetFontItalic">>("GetFontItalic() -> bool",
@@ -239,19 +239,25 @@ void declare_handed_on(ComboDeclaration& combo) {
 }  // namespace
 
 void register_combo_box(PyObject* module) {
-  ComboDeclaration combo(
-      module, "GUI_ComboBox",
-      "An edit and a list to choose its text from.\n\nThe button opens and closes the list. Give a "
-      "layer its combo boxes last: an open list is drawn over what the layer draws before it.");
+  ComboDeclaration combo(module, "GUI_ComboBox",
+                         "An edit and a list to choose its text from.\n\n"
+                         "`x` and `y` place the anchor in the parent, in pixels. The button opens "
+                         "and closes the list. Give a layer its combo boxes last: an open list is "
+                         "drawn over what the layer draws before it.\n\n"
+                         ">>> levels = Tessora.GUI_ComboBox(None, 10, 20)\n"
+                         ">>> line = levels.AddTextLine(\"Easy\")\n"
+                         ">>> levels.Edit.SetText(\"Easy\")");
   combo.constructor("(parent: GameNode | None = None, x: float = 0, y: float = 0)");
   combo.sets<&Combo::NodeType>("ComboBox").sets<&Combo::width, &Combo::height>(120);
   combo.sets<&Combo::enable>(true);
-  combo.attribute<&Combo::Edit>("Edit: GUI_Edit", host::unset(), "the text that was chosen");
+  combo.attribute<&Combo::Edit>("Edit: GUI_Edit", host::unset(),
+                                "Edit with the text that was chosen.");
   combo.step<&Combo::make_edit>();
-  combo.attribute<&Combo::Button>("Button: GUI_Button", host::unset(), "opens and closes the list");
+  combo.attribute<&Combo::Button>("Button: GUI_Button", host::unset(),
+                                  "Button that opens and closes the list.");
   combo.step<&Combo::make_button>();
   combo.attribute<&Combo::DropList>("DropList: GUI_ListBox", host::unset(),
-                                    "the list; closed while it is hidden");
+                                    "The list; it is closed while it is hidden.");
   combo.step<&Combo::make_list>();
   declare_handed_on(combo);
   combo

@@ -261,35 +261,41 @@ namespace {
 
 void declare_rows(ListDeclaration& list) {
   list.attribute<&List::lineArray>("lineArray: list[GUI_CheckButton]",
-                                   host::made<&host::new_list>(), "the lines, from the top");
-  list.attribute<&List::lineCount>("lineCount: int", 0, "number of lines");
-  list.attribute<&List::selectedIndex>("selectedIndex: int", -1, "the selected line, -1 for none")
+                                   host::made<&host::new_list>(), "The lines from the top.");
+  list.attribute<&List::lineCount>("lineCount: int", 0, "Number of lines.");
+  list.attribute<&List::selectedIndex>("selectedIndex: int", -1,
+                                       "The selected line, counted from 0; -1 for none.")
       .getter("GetSelectedIndex");
-  list.attribute<&List::lineHeight>("lineHeight: float", 20, "height of a line, pixels")
+  list.attribute<&List::lineHeight>("lineHeight: float", 20, "Height of a line in pixels.")
       .getter("GetLineHeight");
-  list.attribute<&List::linegap>("linegap: float", 2, "distance between lines, pixels")
+  list.attribute<&List::linegap>("linegap: float", 2, "Distance between lines in pixels.")
       .getter("GetLineGap");
   list.attribute<&List::showlineCount>("showlineCount: int", host::unset(),
-                                       "number of lines that fit");
+                                       "Number of lines that fit into the height.");
   list.step<&List::count_shown_lines>();
-  list.attribute<&List::lineIndex>("lineIndex: int", 0, "first line shown");
+  list.attribute<&List::lineIndex>("lineIndex: int", 0,
+                                   "First line that is shown, counted from 0.");
   list.attribute<&List::itemBGColor>("itemBGColor: pygame.Color", host::color(255, 255, 255),
-                                     "background of the lines")
+                                     "Background of the lines that are not selected.")
       .getter("GetItemBGColor");
   list.attribute<&List::textColor>("textColor: pygame.Color", host::color(0, 0, 0),
-                                   "colour of the texts")
+                                   "Colour of the texts of lines that are not selected.")
       .getter("GetTextColor");
-  list.attribute<&List::HAlign>("HAlign: str", "left", "\"left\", \"center\" or \"right\"")
+  list.attribute<&List::HAlign>(
+          "HAlign: str", "left",
+          "Horizontal alignment of the texts: \"left\", \"center\" or \"right\".")
       .getter("GetTextHAlign");
-  list.attribute<&List::VAlign>("VAlign: str", "center", "\"top\", \"center\" or \"bottom\"")
+  list.attribute<&List::VAlign>(
+          "VAlign: str", "center",
+          "Vertical alignment of the texts: \"top\", \"center\" or \"bottom\".")
       .getter("GetTextVAlign");
   declare_font_rows(list);
   list.step<&List::start_list_font>();
   list.attribute<&List::VScrollBar>("VScrollBar: GUI_VScrollBar", host::unset(),
-                                    "the scroll bar; its value is the first line shown");
+                                    "The scroll bar, whose value is the first line shown.");
   list.step<&List::make_scroll_bar>();
   list.attribute<&List::VScrollBarVisible>("VScrollBarVisible: bool", true,
-                                           "show the scroll bar when not all lines fit")
+                                           "Whether the scroll bar shows when not all lines fit.")
       .pair("GetVScrollBarVisible", "SetVScrollBarVisible", "flag");
   list.step<&List::begin_sunken>();
 }
@@ -297,10 +303,14 @@ void declare_rows(ListDeclaration& list) {
 }  // namespace
 
 void register_list_box(PyObject* module) {
-  ListDeclaration list(
-      module, "GUI_ListBox",
-      "A vertical list of lines, one of which is selected by click, by \"up\" and \"down\" or by "
-      "SetSelectedIndex.\n\nWhole lines are shown; a scroll bar brings the others into view.");
+  ListDeclaration list(module, "GUI_ListBox",
+                       "A vertical list of lines, one of which is selected by click, by \"up\" and "
+                       "\"down\" or by SetSelectedIndex.\n\n"
+                       "`x` and `y` place the anchor in the parent, in pixels; a new list has 120 "
+                       "x 100. Whole lines are shown; a scroll bar brings the others into view.\n\n"
+                       ">>> levels = Tessora.GUI_ListBox(None, 10, 20)\n"
+                       ">>> line = levels.AddTextLine(\"Easy\")\n"
+                       ">>> levels.SetSelectedIndex(0)");
   list.constructor("(parent: GameNode | None = None, x: float = 0, y: float = 0)");
   list.sets<&List::NodeType>("ListBox").sets<&List::width>(120).sets<&List::height>(100);
   declare_rows(list);
@@ -309,7 +319,7 @@ void register_list_box(PyObject* module) {
                                 "Set `height` in pixels and count the lines that fit.")
       .method<&List::SetWidth>("SetWidth(width: float) -> None", "Set `width` in pixels.")
       .method<&List::SetLineGap>("SetLineGap(gap: float) -> None",
-                                 "Set `linegap`: distance between lines, pixels.")
+                                 "Set `linegap`: distance between lines in pixels.")
       .method<&List::SetSelectedIndex>(
           "SetSelectedIndex(index: int) -> None",
           "Select a line, counted from 0, and show it; an index without a line selects none.")

@@ -103,16 +103,21 @@ void register_message_box(PyObject* module) {
   using Box = GUI_MsgBox;
   host::Declaration<Box, GUI_Label> box(
       module, "GUI_MsgBox",
-      "A small dialog: a text, an OK button and a close button, both of which hide it.\n\nThe text "
-      "is shown by the label `Title`. To learn of a button, override Button_6_onCommand.");
+      "A small dialog: a text, an OK button and a close button, both of which hide it.\n\n"
+      "The arguments are those of a label; a new box has 160 x 100 pixels and is visible. The text "
+      "is shown by the label `Title`. To learn of a button, override Button_6_onCommand.\n\n"
+      ">>> box = Tessora.GUI_MsgBox(None, 80, 60, \"Game saved\")\n"
+      ">>> box.SetVisible(True)");
   box.constructor(kLabelParameters);
   box.sets<&Box::NodeType>("MsgBox").sets<&Box::width>(160).sets<&Box::height>(100);
   box.sets<&Box::bgColor>(host::color(kPaper, kPaper, kPaper)).sets<&Box::textVisible>(false);
-  box.attribute<&Box::Title>("Title: GUI_Label", host::unset(), "label that shows the text");
+  box.attribute<&Box::Title>("Title: GUI_Label", host::unset(), "Label that shows the text.");
   box.step<&Box::make_title>();
-  box.attribute<&Box::OKButton>("OKButton: GUI_Button", host::unset(), "the OK button");
+  box.attribute<&Box::OKButton>("OKButton: GUI_Button", host::unset(),
+                                "The OK button, which hides the box.");
   box.step<&Box::make_ok_button>();
-  box.attribute<&Box::CloseButton>("CloseButton: GUI_Button", host::unset(), "the close button");
+  box.attribute<&Box::CloseButton>("CloseButton: GUI_Button", host::unset(),
+                                   "The close button, which hides the box.");
   box.step<&Box::make_close_button>();
   box.step<&Box::begin_raised>();
   box.method<&Box::SetText>("SetText(text: str) -> None", "Set the text that the box shows.")

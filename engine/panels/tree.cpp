@@ -243,28 +243,34 @@ namespace {
 
 void declare_items(PyObject* module) {
   using Item = TreeItemNode;
-  host::Declaration<Item> item(module, "TreeItemNode", "An item of a GUI_Tree.");
+  host::Declaration<Item> item(module, "TreeItemNode",
+                               "An item of a GUI_Tree, with a text, any value and a picture; "
+                               "GUI_Tree.InsertItem makes one.\n\n"
+                               ">>> world = Tessora.TreeItemNode(\"World\", 1)\n"
+                               ">>> world.AppendChildItem(Tessora.TreeItemNode(\"Level 1\"))");
   item.constructor(
       "(itemText: str = \"\", itemValue: Any = None, itemImage: str | pygame.Surface | None = "
       "None)");
-  item.attribute<&Item::itemText>("itemText: str", host::given("itemText"), "the text shown")
+  item.attribute<&Item::itemText>("itemText: str", host::given("itemText"),
+                                  "The text that is shown.")
       .setter("SetItemText", "text");
-  item.attribute<&Item::itemValue>("itemValue: Any", host::given("itemValue"), "free for scripts")
+  item.attribute<&Item::itemValue>("itemValue: Any", host::given("itemValue"), "Free for scripts.")
       .setter("SetItemValue", "value");
-  item.attribute<&Item::itemImage>("itemImage: str | pygame.Surface | None",
-                                   host::given("itemImage"),
-                                   "picture in front of the text, or the name of its file, or None")
+  item.attribute<&Item::itemImage>(
+          "itemImage: str | pygame.Surface | None", host::given("itemImage"),
+          "Picture in front of the text, or the name of its file, or None.")
       .setter("SetItemImage", "image");
   item.attribute<&Item::itemChildren>("itemChildren: list[TreeItemNode]",
-                                      host::made<&host::new_list>(), "the items below this one");
-  item.attribute<&Item::itemopen>("itemopen: bool", false, "whether they are shown");
+                                      host::made<&host::new_list>(), "The items below this one.");
+  item.attribute<&Item::itemopen>("itemopen: bool", false,
+                                  "Whether the items below this one are shown.");
   item.hidden<&Item::loaded_file>().hidden<&Item::loaded_picture>();
   item.method<&Item::AppendChildItem>("AppendChildItem(item: TreeItemNode) -> None",
                                       "Add an item below this one, behind the others.")
       .method<&Item::InsertChildItem>("InsertChildItem(index: int, item: TreeItemNode) -> None",
                                       "Insert an item below this one, as list.insert does.")
-      .method<&Item::ExpandChildItem>("ExpandChildItem() -> None", "Show the items below.")
-      .method<&Item::CloseChildItem>("CloseChildItem() -> None", "Hide the items below.")
+      .method<&Item::ExpandChildItem>("ExpandChildItem() -> None", "Show the items below this one.")
+      .method<&Item::CloseChildItem>("CloseChildItem() -> None", "Hide the items below this one.")
       .method<&Item::LookForItemNode>(
           "LookForItemNode(itemText: str) -> TreeItemNode | None",
           "Return the first item with that text, this one or one below it, depth first.\n\nRaises "
@@ -273,7 +279,8 @@ void declare_items(PyObject* module) {
           "draw(screen: pygame.Surface, tree: GUI_Tree, x: float, y: float) -> float",
           "Draw the item and, while it is open, those below it, with the font, the colours and the "
           "scale of the tree.\n\n`x` and `y` are the corner of its row in pixels of the surface. "
-          "Returns the `y` of the next row.");
+          "Returns the `y` of the next row. Raises RecursionError when an open item is its own "
+          "descendant.");
   item.finish();
 }
 
@@ -284,17 +291,21 @@ void register_tree(PyObject* module) {
   using Tree = GUI_Tree;
   host::Declaration<Tree, GUI_Image> tree(
       module, "GUI_Tree",
-      "A hierarchy of TreeItemNode items, whose boxes open and close them.\n\nIts rows are drawn "
-      "from the top left corner on, at any length; only a rotated tree cuts them at its edges.");
+      "A hierarchy of TreeItemNode items, whose boxes open and close them.\n\n"
+      "`x` and `y` place the anchor in the parent, in pixels. The rows are drawn from the top left "
+      "corner on, at any length; only a rotated tree cuts them at its edges.\n\n"
+      ">>> tree = Tessora.GUI_Tree(None, 10, 20)\n"
+      ">>> world = tree.InsertItem(None, \"World\")\n"
+      ">>> level = tree.InsertItem(\"World\", \"Level 1\")");
   tree.constructor("(parent: GameNode | None = None, x: float = 0, y: float = 0)");
   tree.sets<&Tree::NodeType>("Tree").sets<&Tree::width>(20).sets<&Tree::height>(100);
   tree.step<&Tree::begin_sunken>();
   tree.attribute<&Tree::RootItemNode>("RootItemNode: TreeItemNode | None", nullptr,
-                                      "the item that holds all others, or None");
+                                      "The item that holds all others, or None.");
   declare_font_rows(tree);
   tree.step<&Tree::start_tree_font>();
   tree.attribute<&Tree::textColor>("textColor: pygame.Color", host::color(0, 0, 0),
-                                   "colour of the texts")
+                                   "Colour of the texts.")
       .getter("GetTextColor")
       .color_setter<host::Alpha::kGiven>("SetTextColor");
   tree.hidden<&Tree::boxes>();

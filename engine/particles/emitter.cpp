@@ -115,93 +115,111 @@ void declare_pool(EmitterDeclaration& d) {
   d.sets<&E::NodeType>("ParticleEmitter");
   d.step<&E::lead_particles>();
   d.attribute<&E::plistFile>("plistFile: str | None", nullptr,
-                             "path of the definition file loaded last, or None")
+                             "Path of the definition file loaded last, or None.")
       .getter("GetPlistFile");
   d.attribute<&E::particleMode>(
       "particleMode: str", host::given("particleMode"),
-      "what the constructor was given; `ParticleMode` is the active mode");
+      "What the constructor was given; `ParticleMode` is the active mode.");
   d.attribute<&E::ParticleTotal>("ParticleTotal: int", host::given("particleTotal"),
-                                 "most particles at once")
+                                 "Most particles at once.")
       .pair("GetParticleTotal", "SetParticleTotal", "value");
-  d.attribute<&E::ParticleCount>("ParticleCount: int", 0, "particles now");
-  d.attribute<&E::EmissionRate>("EmissionRate: float", 20, "particles per second");
-  d.attribute<&E::EmitCounter>("EmitCounter: float", 0, "time towards the next particle, seconds");
-  d.attribute<&E::Duration>("Duration: float", -1, "seconds of emission, -1 for no limit");
-  d.attribute<&E::LifeTime>("LifeTime: float", 0, "seconds emitted so far");
+  d.attribute<&E::ParticleCount>("ParticleCount: int", 0, "Number of particles now.");
+  d.attribute<&E::EmissionRate>("EmissionRate: float", 20, "Particles emitted per second.");
+  d.attribute<&E::EmitCounter>("EmitCounter: float", 0,
+                               "Seconds that have gone towards the next particle.");
+  d.attribute<&E::Duration>("Duration: float", -1, "Seconds of emission, -1 for no limit.");
+  d.attribute<&E::LifeTime>("LifeTime: float", 0, "Seconds emitted so far.");
   d.attribute<&E::ParticleArray>("ParticleArray: list[Particle]", host::made<&host::new_list>(),
-                                 "the particles, oldest first");
+                                 "The particles, oldest first.");
 }
 
 void declare_birth(EmitterDeclaration& d) {
-  d.attribute<&E::ParticleX>("ParticleX: float", 0, "birth place, pixels from the emitter");
-  d.attribute<&E::ParticleXVar>("ParticleXVar: float", 100, "variance of `ParticleX`");
-  d.attribute<&E::ParticleY>("ParticleY: float", 0, "birth place, pixels from the emitter");
-  d.attribute<&E::ParticleYVar>("ParticleYVar: float", 100, "variance of `ParticleY`");
+  d.attribute<&E::ParticleX>("ParticleX: float", host::replaced(0),
+                             "Horizontal birth place in pixels from the emitter. Default 100.");
+  d.attribute<&E::ParticleXVar>("ParticleXVar: float", host::replaced(100),
+                                "Variance of `ParticleX` in pixels. Default 0.");
+  d.attribute<&E::ParticleY>("ParticleY: float", host::replaced(0),
+                             "Vertical birth place in pixels from the emitter. Default 100.");
+  d.attribute<&E::ParticleYVar>("ParticleYVar: float", host::replaced(100),
+                                "Variance of `ParticleY` in pixels. Default 0.");
   d.attribute<&E::Life>("Life: float", 100,
-                        "life at birth, 0 to 100; a particle loses 10 per second");
-  d.attribute<&E::LifeVar>("LifeVar: float", 10, "variance of `Life`");
+                        "Life at birth, 0 to 100; a particle loses 10 per second.");
+  d.attribute<&E::LifeVar>("LifeVar: float", 10, "Variance of `Life`.");
   d.attribute<&E::Attenuation>("Attenuation: float", 10,
-                               "free for scripts: particles keep a loss of their own");
-  d.attribute<&E::BeginSize>("BeginSize: float", 20, "size at birth, pixels");
-  d.attribute<&E::BeginSizeVar>("BeginSizeVar: float", 10, "variance of `BeginSize`");
-  d.attribute<&E::EndSize>("EndSize: float | str", 10, "size at death, pixels, or \"Begin\"");
+                               "Free for scripts: particles keep a loss of their own.");
+  d.attribute<&E::BeginSize>("BeginSize: float", 20, "Width and height at birth, in pixels.");
+  d.attribute<&E::BeginSizeVar>("BeginSizeVar: float", 10, "Variance of `BeginSize` in pixels.");
+  d.attribute<&E::EndSize>("EndSize: float | str", 10,
+                           "Width and height at death in pixels, or \"Begin\" for no change.");
   d.attribute<&E::EndSizeVar>("EndSizeVar: float | str", 5,
-                              "variance of `EndSize`; \"Begin\" is that of `BeginSize`");
-  d.attribute<&E::BeginAngle>("BeginAngle: float", 0, "angle at birth, degrees");
-  d.attribute<&E::BeginAngleVar>("BeginAngleVar: float", 0, "variance of `BeginAngle`");
-  d.attribute<&E::EndAngle>("EndAngle: float | str", 0, "angle at death, degrees, or \"Begin\"");
-  d.attribute<&E::EndAngleVar>("EndAngleVar: float | str", 0,
-                               "variance of `EndAngle`; \"Begin\" is that of `BeginAngle`");
-  d.attribute<&E::Direction>("Direction: float", 90, "direction of emission, degrees, 90 is down");
-  d.attribute<&E::DirectionVar>("DirectionVar: float", 0, "variance of `Direction`");
+                              "Variance of `EndSize` in pixels; \"Begin\" is that of `BeginSize`.");
+  d.attribute<&E::BeginAngle>("BeginAngle: float", 0, "Angle at birth in degrees.");
+  d.attribute<&E::BeginAngleVar>("BeginAngleVar: float", 0, "Variance of `BeginAngle` in degrees.");
+  d.attribute<&E::EndAngle>("EndAngle: float | str", 0,
+                            "Angle at death in degrees, or \"Begin\" for no change.");
+  d.attribute<&E::EndAngleVar>(
+      "EndAngleVar: float | str", 0,
+      "Variance of `EndAngle` in degrees; \"Begin\" is that of `BeginAngle`.");
+  d.attribute<&E::Direction>("Direction: float", 90,
+                             "Direction of emission in degrees: 0 is right, 90 is down.");
+  d.attribute<&E::DirectionVar>("DirectionVar: float", 0, "Variance of `Direction` in degrees.");
   d.attribute<&E::Speed>("Speed: float", 100,
-                         "speed at birth in \"Gravity\" mode, pixels per second");
-  d.attribute<&E::SpeedVar>("SpeedVar: float", 0, "variance of `Speed`");
+                         "Speed at birth in \"Gravity\" mode, in pixels per second.");
+  d.attribute<&E::SpeedVar>("SpeedVar: float", 0, "Variance of `Speed` in pixels per second.");
   const host::Default white = host::color(255, 255, 255);
   const host::Default black = host::color(0, 0, 0);
-  d.attribute<&E::BeginColor>("BeginColor: pygame.Color", white, "colour at birth");
+  d.attribute<&E::BeginColor>("BeginColor: pygame.Color", white, "Colour at birth.");
   d.attribute<&E::BeginColorVar>("BeginColorVar: pygame.Color", black,
-                                 "variance of each component of `BeginColor`");
-  d.attribute<&E::EndColor>("EndColor: pygame.Color | str", white, "colour at death, or \"Begin\"");
+                                 "Variance of each component of `BeginColor`.");
+  d.attribute<&E::EndColor>("EndColor: pygame.Color | str", white,
+                            "Colour at death, or \"Begin\" for no change.");
   d.attribute<&E::EndColorVar>(
       "EndColorVar: pygame.Color | str", black,
-      "variance of each component of `EndColor`; \"Begin\" is that of `BeginColor`");
+      "Variance of each component of `EndColor`; \"Begin\" is that of `BeginColor`.");
   d.attribute<&E::Imagefile>("Imagefile: _ImageFiles", nullptr,
-                             "picture of every particle, or None")
+                             "Picture of every particle, as GUI_Image.SetImage takes it, or None.")
       .pair("GetImage", "SetImage", "value");
-  d.attribute<&E::ParticleMode>("ParticleMode: str | None", nullptr,
-                                "active movement mode: \"Gravity\", anything else is a circle")
+  d.attribute<&E::ParticleMode>(
+       "ParticleMode: str | None", host::replaced(nullptr),
+       "Active movement mode: \"Gravity\", anything else is a circle. Default \"Gravity\".")
       .pair("GetParticleMode", "SetParticleMode", "value");
   d.attribute<&E::blendtype>("blendtype: int", host::library_value("BLEND_MULT"),
-                             "blend flag of every particle")
+                             "Flag with which every particle is blitted.")
       .getter("GetBlendType");
 }
 
 void declare_modes(EmitterDeclaration& d) {
   d.attribute<&E::BeginRadius>("BeginRadius: float", host::unset(),
-                               "radius at birth in \"Circle\" mode, pixels");
+                               "Radius at birth in \"Circle\" mode, in pixels. Default 0.");
   d.attribute<&E::BeginRadiusVar>("BeginRadiusVar: float", host::unset(),
-                                  "variance of `BeginRadius`");
-  d.attribute<&E::EndRadius>("EndRadius: float | str", host::unset(),
-                             "radius at death, pixels, or \"Begin\"");
-  d.attribute<&E::EndRadiusVar>("EndRadiusVar: float | str", host::unset(),
-                                "variance of `EndRadius`; \"Begin\" is that of `BeginRadius`");
+                                  "Variance of `BeginRadius` in pixels. Default 0.");
+  d.attribute<&E::EndRadius>(
+      "EndRadius: float | str", host::unset(),
+      "Radius at death in \"Circle\" mode in pixels, or \"Begin\" for no change. Default 100.");
+  d.attribute<&E::EndRadiusVar>(
+      "EndRadiusVar: float | str", host::unset(),
+      "Variance of `EndRadius` in pixels; \"Begin\" is that of `BeginRadius`. Default 0.");
   d.attribute<&E::RotateSpeed>("RotateSpeed: float", host::unset(),
-                               "degrees per second on the circle");
+                               "Speed on the circle in degrees per second. Default 0.");
   d.attribute<&E::RotateSpeedVar>("RotateSpeedVar: float", host::unset(),
-                                  "variance of `RotateSpeed`");
+                                  "Variance of `RotateSpeed` in degrees per second. Default 0.");
   d.attribute<&E::Gravity>("Gravity: pygame.math.Vector2", host::unset(),
-                           "acceleration of all particles, pixels per second squared");
-  d.attribute<&E::Tangentialaccel>("Tangentialaccel: float", host::unset(),
-                                   "acceleration across the way from the emitter");
-  d.attribute<&E::TangentialaccelVar>("TangentialaccelVar: float", host::unset(),
-                                      "variance of `Tangentialaccel`");
-  d.attribute<&E::Radialaccel>("Radialaccel: float", host::unset(),
-                               "acceleration away from the emitter");
-  d.attribute<&E::RadialaccelVar>("RadialaccelVar: float", host::unset(),
-                                  "variance of `Radialaccel`");
+                           "Acceleration of all particles in \"Gravity\" mode, in pixels per "
+                           "second squared. Default (0, 1).");
+  d.attribute<&E::Tangentialaccel>(
+      "Tangentialaccel: float", host::unset(),
+      "Acceleration across the way from the emitter, in pixels per second squared. Default 0.");
+  d.attribute<&E::TangentialaccelVar>(
+      "TangentialaccelVar: float", host::unset(),
+      "Variance of `Tangentialaccel` in pixels per second squared. Default 0.");
+  d.attribute<&E::Radialaccel>(
+      "Radialaccel: float", host::unset(),
+      "Acceleration away from the emitter, in pixels per second squared. Default 0.");
+  d.attribute<&E::RadialaccelVar>(
+      "RadialaccelVar: float", host::unset(),
+      "Variance of `Radialaccel` in pixels per second squared. Default 0.");
   d.step<&E::set_first_modes>();
-  d.attribute<&E::running>("running: bool", false, "whether particles are emitted");
+  d.attribute<&E::running>("running: bool", false, "Whether particles are emitted.");
 }
 
 }  // namespace
@@ -209,11 +227,14 @@ void declare_modes(EmitterDeclaration& d) {
 void register_emitter(PyObject* module) {
   EmitterDeclaration emitter(
       module, "ParticleEmitter",
-      "A node that emits particles, moves and draws them and removes the dead ones.\n\n`x` and `y` "
-      "are its place in the parent, in pixels; `particleTotal` is the most particles at once. "
-      "`particleMode` is kept for scripts: a new emitter is in \"Gravity\" mode. Every random "
-      "parameter is its value plus its variance times a number from -1 to 1. Emission begins with "
-      "Run().");
+      "A node that emits particles, moves and draws them and removes the dead ones.\n\n"
+      "`x` and `y` are its place in the parent, in pixels; `particleTotal` is the most particles "
+      "at once. `particleMode` is kept for scripts: a new emitter is in \"Gravity\" mode. Every "
+      "random parameter is its value plus its variance times a number from -1 to 1. Emission "
+      "begins with Run().\n\n"
+      ">>> fire = Tessora.ParticleEmitter(None, 160, 200)\n"
+      ">>> fire.InitPS_Fire()\n"
+      ">>> fire.Run()");
   emitter.constructor(
       "(parent: GameNode | None, x: float = 0, y: float = 0, particleMode: str = \"Gravity\", "
       "particleTotal: int = 250)");
@@ -237,10 +258,12 @@ void register_emitter(PyObject* module) {
           "SetBlendType(blendtype: str | int) -> None",
           "\"ADD\" and \"SUB\" select pygame's BLEND_ADD and BLEND_SUB, any other text BLEND_MULT, "
           "which is drawn as a plain blit; a flag is kept as it is. Living particles follow.")
-      .method<&E::Run>("Run() -> None", "Emit from now on.")
+      .method<&E::Run>("Run() -> None",
+                       "Emit from now on. Particles need update() and draw() in every frame.")
       .method<&E::Pause>("Pause() -> None", "Emit no more; living particles go on.")
-      .method<&E::IsFull>("IsFull() -> bool",
-                          "Return whether there are exactly as many particles as there may be.")
+      .method<&E::IsFull>(
+          "IsFull() -> bool",
+          "Return whether there are exactly as many particles as `ParticleTotal` says.")
       .method<&E::CleanUp>(
           "CleanUp() -> None",
           "Remove the particles and set the parameters to 0, sizes and colours to their first "

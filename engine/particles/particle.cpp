@@ -192,50 +192,56 @@ void Particle::draw(Value screen, Value offset_x, Value offset_y, Value scale) {
 namespace {
 
 void declare_life(ParticleDeclaration& d) {
-  d.attribute<&P::BeginLife>("BeginLife: float", 100, "life at birth").getter("GetBeginLife");
-  d.attribute<&P::Attenuation>("Attenuation: float", 10, "life lost per second");
-  d.attribute<&P::CurrLife>("CurrLife: float", 100, "life that is left").getter("GetCurrLife");
-  d.attribute<&P::BeginSize>("BeginSize: float", 20, "width and height at birth, pixels")
+  d.attribute<&P::BeginLife>("BeginLife: float", 100, "Life at birth.").getter("GetBeginLife");
+  d.attribute<&P::Attenuation>("Attenuation: float", 10, "Life that is lost per second.");
+  d.attribute<&P::CurrLife>("CurrLife: float", 100, "Life that is left.").getter("GetCurrLife");
+  d.attribute<&P::BeginSize>("BeginSize: float", 20, "Width and height at birth, in pixels.")
       .pair("GetBeginSize", "SetBeginSize", "value");
   d.attribute<&P::EndSize>("EndSize: float | str", 20,
-                           "width and height at death, pixels, or \"Begin\"")
+                           "Width and height at death in pixels, or \"Begin\" for no change.")
       .pair("GetEndSize", "SetEndSize", "value");
-  d.attribute<&P::BeginAngle>("BeginAngle: float", 0, "angle at birth, degrees")
+  d.attribute<&P::BeginAngle>("BeginAngle: float", 0, "Angle at birth in degrees.")
       .pair("GetBeginAngle", "SetBeginAngle", "value");
-  d.attribute<&P::EndAngle>("EndAngle: float | str", 0, "angle at death, degrees, or \"Begin\"")
+  d.attribute<&P::EndAngle>("EndAngle: float | str", 0,
+                            "Angle at death in degrees, or \"Begin\" for no change.")
       .pair("GetEndAngle", "SetEndAngle", "value");
   d.attribute<&P::BeginColor>("BeginColor: pygame.Color", host::color(255, 255, 255),
-                              "colour at birth")
+                              "Colour at birth.")
       .getter("GetBeginColor")
       .color_setter<host::Alpha::kGiven>("SetBeginColor");
   d.attribute<&P::EndColor>("EndColor: pygame.Color | str", host::color(0, 0, 0, 0),
-                            "colour at death, or \"Begin\"")
+                            "Colour at death, or \"Begin\" for no change.")
       .getter("GetEndColor");
   d.step<&P::center>();
-  d.attribute<&P::lifeProgress>("lifeProgress: float", 0, "0 at birth, 1 at death");
+  d.attribute<&P::lifeProgress>("lifeProgress: float", 0,
+                                "Part of the life that has passed: 0 at birth, 1 at death.");
 }
 
 void declare_movement(ParticleDeclaration& d) {
   d.attribute<&P::Direction>("Direction: pygame.math.Vector2", host::zero_vector(),
-                             "velocity in \"Gravity\" mode, pixels per second")
+                             "Velocity in \"Gravity\" mode, in pixels per second.")
       .pair("GetModeA_Direction", "SetModeA_Direction", "value");
   d.attribute<&P::RadialAccel>("RadialAccel: float", 0.0,
-                               "acceleration away from the emitter, pixels per second squared")
+                               "Acceleration away from the emitter, in pixels per second squared.")
       .pair("GetModeA_RadialAccel", "SetModeA_RadialAccel", "value");
-  d.attribute<&P::TangentialAccel>("TangentialAccel: float", 0.0,
-                                   "acceleration across that, pixels per second squared")
+  d.attribute<&P::TangentialAccel>(
+       "TangentialAccel: float", 0.0,
+       "Acceleration across the way from the emitter, in pixels per second squared.")
       .pair("GetModeA_TangentialAccel", "SetModeA_TangentialAccel", "value");
   d.attribute<&P::BeginRadius>("BeginRadius: float", 0,
-                               "radius at birth in \"Circle\" mode, pixels")
+                               "Radius at birth in \"Circle\" mode, in pixels.")
       .pair("GetModeB_BeginRaidus", "SetModeB_BeginRaidus", "value");
-  d.attribute<&P::EndRadius>("EndRadius: float | str", 100, "radius at death, pixels, or \"Begin\"")
+  d.attribute<&P::EndRadius>("EndRadius: float | str", 100,
+                             "Radius at death in pixels, or \"Begin\" for no change.")
       .pair("GetModeB_EndRaidus", "SetModeB_EndRaidus", "value");
-  d.attribute<&P::RotateValue>("RotateValue: float", 0.0, "angle on the circle, degrees")
+  d.attribute<&P::RotateValue>("RotateValue: float", 0.0, "Angle on the circle in degrees.")
       .pair("GetModeB_RotateValue", "SetModeB_RotateValue", "value");
-  d.attribute<&P::RotateSpeed>("RotateSpeed: float", 500.0, "degrees per second on the circle")
+  d.attribute<&P::RotateSpeed>("RotateSpeed: float", 500.0,
+                               "Speed on the circle in degrees per second.")
       .pair("GetModeB_RotateSpeed", "SetModeB_RotateSpeed", "value");
-  d.attribute<&P::ParticleMode>("ParticleMode: str | None", nullptr,
-                                "\"Gravity\" or \"Circle\", set by the emitter")
+  d.attribute<&P::ParticleMode>(
+       "ParticleMode: str | None", nullptr,
+       "Movement mode, \"Gravity\" or \"Circle\", set by the emitter; None before.")
       .pair("GetParticleMode", "SetParticleMode", "value");
 }
 
@@ -244,10 +250,12 @@ void declare_movement(ParticleDeclaration& d) {
 void register_particle(PyObject* module) {
   ParticleDeclaration particle(
       module, "Particle",
-      "A short-lived picture that an emitter creates, steps and draws.\n\n`parent` is the emitter; "
-      "`x` and `y` place the centre relative to it, in pixels. Size, colour and angle run from "
-      "their begin to their end values over the life; the end value \"Begin\" keeps the begin "
-      "value.");
+      "A short-lived picture that an emitter creates, steps and draws.\n\n"
+      "`parent` is the emitter; `x` and `y` place the centre relative to it, in pixels. Size, "
+      "colour and angle run from their begin to their end values over the life; the end value "
+      "\"Begin\" keeps the begin value.\n\n"
+      ">>> spark = Tessora.Particle(Tessora.ParticleEmitter(None))\n"
+      ">>> spark.SetBeginLife(50)");
   particle.constructor("(parent: GameNode | None, x: float = 0, y: float = 0)");
   declare_life(particle);
   declare_movement(particle);
@@ -257,12 +265,10 @@ void register_particle(PyObject* module) {
       .method<&P::SetEndColor>(
           "SetEndColor(r: int | str, g: int | str, b: int | str, a: int | str = 255) -> None",
           "Set `EndColor`, components from 0 to 255; with \"Begin\" as `r` the colour stays what "
-          "it "
-          "is at birth.\n\nRaises ValueError for components out of range.")
+          "it is at birth.\n\nRaises ValueError for components out of range.")
       .method<&P::GetLifeProgress>("GetLifeProgress() -> float",
                                    "Compute `lifeProgress` anew and return it.\n\nRaises "
-                                   "ZeroDivisionError if `BeginLife` is "
-                                   "0.")
+                                   "ZeroDivisionError if `BeginLife` is 0.")
       .method<&P::IsDead>("IsDead() -> bool", "Return whether no life is left.")
       .method<&P::update>(
           "update(delay: float) -> None",

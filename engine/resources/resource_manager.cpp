@@ -128,8 +128,11 @@ void register_resource_manager(PyObject* module) {
   ResourceDeclaration manager(
       module, "PyGameResManager",
       "Finds every file below a folder and loads files by their bare names.\n\n"
-      "Case does not matter. A folder that does not exist gives an empty index. Of files\n"
-      "that share a name the one met last counts.");
+      "Case does not matter. A folder that does not exist gives an empty index. Of files that "
+      "share a name the one met last counts. Raises TypeError for what is no path.\n\n"
+      ">>> Tessora.Res = Tessora.PyGameResManager(\".\")\n"
+      ">>> hero = Tessora.Res.LoadImage(\"hero.png\")\n"
+      "hero.png load:1");
   manager.constructor("(resdir: _File)");
   manager.attribute<&Manager::resdir>("resdir: str", host::given("resdir"),
                                       "Root folder of the resources.");
@@ -145,7 +148,7 @@ void register_resource_manager(PyObject* module) {
       "Loaded surfaces by the names under which they were asked for.");
   manager.attribute<&Manager::soundDict>("soundDict: dict[int, pygame.mixer.Sound]",
                                          host::made<&host::dictionary>(),
-                                         "pygame.mixer.Sound objects by sound number.");
+                                         "Loaded sounds by their numbers.");
   manager.attribute<&Manager::ImageDict_MemManage_List>(
       "ImageDict_MemManage_List: list[str]", host::made<&host::new_list>(),
       "Names of the loaded images, least recently used first.");
@@ -156,9 +159,10 @@ void register_resource_manager(PyObject* module) {
       "ImageDict_MemManage_Count: int", 0, "Number of images loaded since the last release.");
   manager
       .attribute<&Manager::SceneJsonDict>("SceneJsonDict: list[str]", host::made<&host::new_list>(),
-                                          "List of the scenes' names.")
+                                          "The scenes' names.")
       .getter("GetSceneList");
-  manager.attribute<&Manager::soundPlayCount>("soundPlayCount: int", 0, "The next sound's number.");
+  manager.attribute<&Manager::soundPlayCount>("soundPlayCount: int", 0,
+                                              "Number that the next sound gets.");
   manager.step<&Manager::read_root>();
   manager
       .method<&Manager::FoundAllResFile>(

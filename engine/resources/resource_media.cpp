@@ -112,7 +112,9 @@ void declare_media(ResourceDeclaration& manager) {
           "Play a music file in place of the one that is playing; an unknown name does nothing.\n\n"
           "`loopcount` is how often it is repeated after the first time, -1 for without end.\n"
           "Raises pygame.error for a file that does not play.")
-      .method<&Manager::StopMusic>("StopMusic() -> None", "Stop the music.")
+      .method<&Manager::StopMusic>(
+          "StopMusic() -> None",
+          "Stop the music.\n\nRaises pygame.error while pygame.mixer is not initialised.")
       .method<&Manager::PlaySound>(
           "PlaySound(fileName: _File) -> int",
           "Play a sound file and return its number for StopSound, or -1 for an unknown name.\n\n"

@@ -116,27 +116,30 @@ void declare_rows(MapDeclaration& d) {
   using M = TiledMap;
   const auto list = host::made<&host::new_list>();
   d.sets<&M::NodeType>("TiledMap");
-  d.attribute<&M::LayerName>("LayerName: str | None", nullptr,
-                             "name of the layer whose resources fill the cells; for scripts");
-  d.attribute<&M::ViewType>("ViewType: int", 0, "0 for a rectangular grid, else diamonds");
-  d.attribute<&M::Tile_Cow>("Tile_Cow: int", 20, "number of columns");
-  d.attribute<&M::Tile_Row>("Tile_Row: int", 20, "number of rows");
-  d.attribute<&M::Tile_Width>("Tile_Width: float", 64, "width of a cell, pixels");
-  d.attribute<&M::Tile_Height>("Tile_Height: float", 64, "height of a cell, pixels");
-  d.attribute<&M::Tile_Visible>("Tile_Visible: bool", true, "whether the grid lines are drawn")
+  d.attribute<&M::LayerName>(
+      "LayerName: str | None", nullptr,
+      "Name of the layer whose resources fill the cells, or None; for scripts.");
+  d.attribute<&M::ViewType>("ViewType: int", 0,
+                            "Kind of grid: 0 is rectangular, anything else diamonds.");
+  d.attribute<&M::Tile_Cow>("Tile_Cow: int", 20, "Number of columns.");
+  d.attribute<&M::Tile_Row>("Tile_Row: int", 20, "Number of rows.");
+  d.attribute<&M::Tile_Width>("Tile_Width: float", 64, "Width of a cell in pixels.");
+  d.attribute<&M::Tile_Height>("Tile_Height: float", 64, "Height of a cell in pixels.");
+  d.attribute<&M::Tile_Visible>("Tile_Visible: bool", true, "Whether the grid lines are drawn.")
       .pair("IsTileVisible", "SetTileVisible", "value");
   d.attribute<&M::Tile_Color>("Tile_Color: pygame.Color", host::color(255, 255, 255),
-                              "colour of the grid lines")
+                              "Colour of the grid lines.")
       .pair("GetTileLineColor", "SetTileLineColor", "value");
-  d.attribute<&M::Tile_Array>("Tile_Array: list[int]", list,
-                              "index of each cell's resource row by row, -1 for an empty cell")
+  d.attribute<&M::Tile_Array>(
+       "Tile_Array: list[int]", host::replaced(list),
+       "Index of each cell's resource row by row, -1 for an empty cell. All are empty at first.")
       .getter("GetTileArray");
-  d.attribute<&M::Coll_Array>("Coll_Array: list[Any]", list,
-                              "whether each cell is blocked, row by row");
+  d.attribute<&M::Coll_Array>("Coll_Array: list[Any]", host::replaced(list),
+                              "Whether each cell is blocked, row by row. None is at first.");
   d.attribute<&M::Coll_Dict>("Coll_Dict: dict[int, list[tuple[int, int]]]",
                              host::made<&host::dictionary>(),
-                             "flat index of an animated tile to the cells (column, row) that its "
-                             "frame covers");
+                             "Cells (column, row) that the current frame of an animated tile "
+                             "covers, by the tile's place in `Tile_Array`.");
   d.hidden<&M::camera>();
   d.step<&M::start_empty>();
 }
@@ -167,14 +170,19 @@ void register_tiled_map(PyObject* module) {
   MapDeclaration map(
       module, "TiledMap",
       "A grid of equal cells, rectangular or diamond, filled with nodes that are shared.\n\n"
-      "A cell holds the index of a resource, -1 for none. To draw and to update, the map asks\n"
-      "`sceneInstance.GetLayerResNode(index)` for the node of every occupied cell, row by row;\n"
-      "None is passed over. A node stands for many cells: it is put in place, drawn, and put in\n"
-      "the next place.\n\n"
-      "A map of many cells is fastest with a look-up that calls no script:\n"
-      "`scene.GetLayerResNode = nodes.__getitem__`, of a plain list or dictionary, or its `get`.\n"
-      "Cells of still pictures (a GUI_Image without children, border and scripts) outside the\n"
-      "window then cost next to nothing.");
+      "`x` and `y` are its place in the parent, in pixels. A cell holds the index of a resource, "
+      "-1 for none. To draw and to update, the map asks `sceneInstance.GetLayerResNode(index)` for "
+      "the node of every occupied cell, row by row; None is passed over, and AttributeError is "
+      "raised without such a scene. A node stands for many cells: it is put in place, drawn, and "
+      "put in the next place.\n\n"
+      "A map of many cells is fastest with a look-up that calls no script: `scene.GetLayerResNode "
+      "= nodes.__getitem__`, of a plain list or dictionary, or its `get`. Cells of still pictures "
+      "(a GUI_Image without children, border and scripts) outside the window then cost next to "
+      "nothing.\n\n"
+      ">>> ground = Tessora.TiledMap(None)\n"
+      ">>> ground.SetTiledMapInfo(\"ground\", 15, 20, 32, 32, 0)\n"
+      ">>> ground.GetTile_XY(3, 2)\n"
+      "(96, 64)");
   map.constructor("(parent: GameNode | None, x: float = 0, y: float = 0)");
   declare_rows(map);
   declare_shape(map);

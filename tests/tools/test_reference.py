@@ -44,6 +44,10 @@ def test_an_entry_has_type_default_and_text(pages):
     assert pages["GUI_Image.rst"][at].isupper()
 
 
+def test_a_default_is_told_once(pages):
+    assert [name for name, text in pages.items() if " Default " in text] == []
+
+
 def test_the_short_names_of_the_stubs_are_spelt_out(pages):
     assert "str | os.PathLike[str]" in pages["PyGameResManager.rst"]
     assert not [name for name, text in pages.items() if "_ImageFiles" in text or "_T]" in text]

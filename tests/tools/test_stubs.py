@@ -8,7 +8,7 @@ import pytest
 import stubs
 from common import ROOT, Problem
 
-HEAD = '"""A module."""\n\nfrom __future__ import annotations\n\nPass: Any\n'
+HEAD = "from __future__ import annotations\n\nPass: Any\n"
 
 
 def value(name="speed", type="float", doc="Pixels per second."):
@@ -85,6 +85,7 @@ DOCSTRINGS = {
     "filled": ("word " * 30, ("word " * 19).strip() + "\n" + ("word " * 11).strip() + "\n"),
     "paragraphs": ("First.\n\nSecond\nline.", "First.\n\nSecond line.\n"),
     "list": ("First:\n\n- a list\n- kept", "First:\n\n- a list\n- kept\n"),
+    "example": ("First.\n\n>>> x = 1\n>>> x\n1", "First.\n\n>>> x = 1\n>>> x\n1\n"),
 }
 
 
