@@ -121,14 +121,6 @@ def sentence(doc):
     return first if first.endswith((".", ":", "!", "?")) else first + "."
 
 
-def without_default(doc, code):
-    """A text without a last sentence that tells the default, when that is this piece of code."""
-    told = re.search(r"\s*\bDefault (\S.*)\.$", doc)
-    # Colours and vectors are told without the name of their class.
-    same = told and code and re.sub(r"^pygame[\w.]*", "", code) == told.group(1)
-    return doc[: told.start()] if same else doc
-
-
 def first_sentence(doc):
     paragraph = " ".join(doc.strip().split("\n\n")[0].split())
     return re.split(r"(?<=[.;])\s", paragraph)[0].rstrip(".;") + "."

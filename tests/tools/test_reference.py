@@ -96,22 +96,6 @@ def test_defaults_are_what_a_new_object_holds(pages):
     assert image["bgColor"].code == "pygame.Color(255, 255, 255, 255)"
 
 
-TOLD = [
-    ("Opacity. Default 255.", "255", "Opacity."),
-    ('Side. Default "top".', '"top"', "Side."),
-    ("Colour. Default (0, 0, 0, 255).", "pygame.Color(0, 0, 0, 255)", "Colour."),
-    ("Colour. Default `Light`.", "pygame.Color(0, 0, 0, 255)", "Colour. Default `Light`."),
-    ("Font. Default Arial of 16 pixels.", None, "Font. Default Arial of 16 pixels."),
-    ("Width. Default 1.5.", "1.5", "Width."),
-    ("Width. Default 5.", "15", "Width. Default 5."),
-]
-
-
-@pytest.mark.parametrize(("doc", "code", "expected"), TOLD, ids=[doc for doc, _, _ in TOLD])
-def test_a_default_that_the_entry_shows_is_not_told_again(doc, code, expected):
-    assert reference_text.without_default(doc, code) == expected
-
-
 def test_values_of_the_head_with_a_text_are_found():
     head = 'x: int\n"""Pixels."""\nif True:\n    y: list[int]\n    """Sizes."""\nz: Any\n_w = 1\n'
     found = [("x", "int", "Pixels."), ("y", "list[int]", "Sizes.")]
