@@ -61,7 +61,8 @@ template <class Widget>
 Ref release_value(Widget& widget, Slot& picked, Value px, Value py) {
   if (!is_visible(widget) || !widget.is_true(widget.enable)) return host::none();
   widget.write(picked, false);
-  Ref taker = message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Image>(widget, px, py);
+  Ref taker =
+      message::OnPickUpFunction.base<&GameNode::OnPickUpFunction, GUI_Image>(widget, px, py);
   Ref callback = widget.read(widget.PickUpFunction);
   if (callback.is_set()) callback(widget);
   return taker;

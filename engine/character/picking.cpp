@@ -46,7 +46,8 @@ bool any_collide(Value mine, Value theirs, const Number& move_x, const Number& m
 
 Ref GameCharacter::OnPickDownFunction(Value px, Value py) {
   write(PickedPartObj, nullptr);
-  Ref taker = message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
+  Ref taker =
+      message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
   if (!taker.is_set()) return taker;
   if (taker.is(*this)) {
     write(PickedPartObj, part_under(*this, px, py));
@@ -95,7 +96,8 @@ Ref GameCharacter::GetSizeRect() {
       rects.append(message::GetSizeRect(part));
     }
   }
-  if (rects.length() == 0) return message::GetSizeRect.base<&GameNode::GetSizeRect, GUI_Image>(*this);
+  if (rects.length() == 0)
+    return message::GetSizeRect.base<&GameNode::GetSizeRect, GUI_Image>(*this);
   Ref first = rects.item(0);
   return first.call("unionall"_name, rects);
 }

@@ -16,11 +16,10 @@ void check_actions(Value group) {
     const bool is_action = !is_class && (message::SetTarget.find(action) != nullptr ||
                                          action.find_attr("SetTarget"_name));
     if (is_action) return;
-    const bool is_group = action.is_list() || action.is_tuple();
+    const char* advice = is_class ? " (call the class to make one)" : "";
+    if (action.is_list() || action.is_tuple()) advice = " (hand over its items: *actions)";
     host::raise(PyExc_TypeError, "no action, which would have a method SetTarget: %R%s", action,
-                is_group   ? " (hand over its items: *actions)"
-                : is_class ? " (call the class to make one)"
-                           : "");
+                advice);
   });
 }
 

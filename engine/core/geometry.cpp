@@ -41,7 +41,8 @@ bool rects_collide(Value rect1, Value rect2, const Number& move_x, const Number&
 
 host::Ref rect_copy(Value rect) {
   host::Ref make = host::modules::pygame["Rect"_name];
-  const bool is_plain = Value(rect.type()).is(make) || rect.is_plain_list() || rect.is_plain_tuple();
+  const bool is_plain =
+      Value(rect.type()).is(make) || rect.is_plain_list() || rect.is_plain_tuple();
   constexpr Py_ssize_t kMost = 4;
   const Py_ssize_t count = is_plain || !rect.is_sequence() ? kMost + 1 : rect.length();
   if (count > kMost) return make(rect);

@@ -86,7 +86,8 @@ render::Point GUI_Edit::local_point(Value px, Value py) {
 
 Ref GUI_Edit::take_press(Value px, Value py) {
   Ref taker = is_true(enable)
-                  ? message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Label>(*this, px, py)
+                  ? message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Label>(
+                        *this, px, py)
                   : host::none();
   if (taker.is(*this)) {
     message::SetFocusIn(*this, true);

@@ -60,7 +60,8 @@ void finish_font(Value font, Value name, Value underline, Value strike) {
   if (font.is_none()) {
     host::raise(PyExc_AttributeError,
                 "%.200R is not among the resources of Tessora.Res; system fonts are named without "
-                "\".ttf\" or \".otf\"", name);
+                "\".ttf\" or \".otf\"",
+                name);
   }
   host::with_place(host::path_text(name), [&] { font.call("set_underline"_name, underline); });
   // Older versions of pygame cannot strike text through.
@@ -71,7 +72,8 @@ void finish_font(Value font, Value name, Value underline, Value strike) {
 
 Ref font_when_needed(Value name, Value size) {
   const bool is_plain = name.is_plain_text() && size.is_plain_integer();
-  if (!is_plain || names_file(name) || !host::makes_system_fonts()) return make_plain_font(name, size);
+  if (!is_plain || names_file(name) || !host::makes_system_fonts())
+    return make_plain_font(name, size);
   ProvenFonts& fonts = proven_fonts();
   std::string key;
   host::append_characters(key, host::formatted("%S %S", size, name));

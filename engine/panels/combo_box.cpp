@@ -118,7 +118,8 @@ void Combo::PickDropListFunction(Value) {
 Ref Combo::OnPickDownFunction(Value px, Value py) {
   if (!is_visible(*this) || !is_true(enable)) return host::none();
   if (drawn_rect_contains(px, py)) {
-    return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
+    return message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px,
+                                                                                      py);
   }
   message::SetFocusIn(Ref(read(Edit)), false);
   message::SetVisible(Ref(read(DropList)), false);

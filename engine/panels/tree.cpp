@@ -210,7 +210,8 @@ bool GUI_Tree::toggle_at(const Number& px, const Number& py) {
 // A box takes the press where it is drawn, also beside the widget's rectangle; children lie on top.
 Ref GUI_Tree::OnPickDownFunction(Value px, Value py) {
   if (!is_true(enable)) return host::none();
-  Ref taker = message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
+  Ref taker =
+      message::OnPickDownFunction.base<&GameNode::OnPickDownFunction, GUI_Image>(*this, px, py);
   const bool is_free = !taker.is_set() || taker.is(*this);
   return is_free && is_visible(*this) && toggle_at(px, py) ? Ref(*this) : taker;
 }

@@ -155,13 +155,25 @@ BASE_STEPS = [
     (T.GUI_Label, "CopyTo", T.GUI_Button, lambda widget: widget.CopyTo(T.GUI_Image())),
     (T.GameNode, "OnPickDownFunction", T.GUI_Button, lambda b: b.OnPickDownFunction(1, 1)),
     (T.GameNode, "OnPickUpFunction", T.GUI_Button, lambda b: b.OnPickUpFunction(1, 1)),
-    *((T.GUI_Image, "OnPickDownFunction", cls, lambda widget: widget.OnPickDownFunction(0, 0))
-      for cls in (T.GUI_HScrollBar, T.GUI_Scale, T.GUI_ListBox, T.GUI_ComboBox, T.GUI_Tree,
-                  T.GameCharacter)),
-    *((T.GUI_Image, "OnPickUpFunction", cls, lambda widget: widget.OnPickUpFunction(0, 0))
-      for cls in (T.GUI_VScrollBar, T.GUI_Scale, T.GUI_ListBox, T.GUI_ComboBox)),
-    *((T.GUI_Image, "OnKeyDownFunction", cls, lambda widget: widget.OnKeyDownFunction("a"))
-      for cls in (T.GUI_ListBox, T.GUI_ComboBox, T.GUI_Edit, T.GUI_Text)),
+    *(
+        (T.GUI_Image, "OnPickDownFunction", cls, lambda widget: widget.OnPickDownFunction(0, 0))
+        for cls in (
+            T.GUI_HScrollBar,
+            T.GUI_Scale,
+            T.GUI_ListBox,
+            T.GUI_ComboBox,
+            T.GUI_Tree,
+            T.GameCharacter,
+        )
+    ),
+    *(
+        (T.GUI_Image, "OnPickUpFunction", cls, lambda widget: widget.OnPickUpFunction(0, 0))
+        for cls in (T.GUI_VScrollBar, T.GUI_Scale, T.GUI_ListBox, T.GUI_ComboBox)
+    ),
+    *(
+        (T.GUI_Image, "OnKeyDownFunction", cls, lambda widget: widget.OnKeyDownFunction("a"))
+        for cls in (T.GUI_ListBox, T.GUI_ComboBox, T.GUI_Edit, T.GUI_Text)
+    ),
     (T.GUI_Label, "OnLoad", T.GUI_MsgBox, lambda box: box.OnLoad(None)),
     (T.GUI_Image, "GetSizeRect", T.GameCharacter, lambda figure: figure.GetSizeRect()),
     (T.GAction, "Run", T.ActionPlayer, lambda player: player.Run()),
