@@ -59,12 +59,6 @@ def test_the_right_and_bottom_edges_are_outside(capsys, point):
     assert hits(box(), point) is (point in INSIDE)
 
 
-@pytest.mark.parametrize(("left", "column"), [(-0.5, 0), (-0.999, 0), (5.5, 5), (-1.5, -1)])
-def test_fractions_are_cut_towards_zero(capsys, left, column):
-    node = box(WX=left)
-    assert hits(node, (column, 5)) and not hits(node, (column - 1, 5))
-
-
 NEVER = [{"width": 0}, {"width": -20}, {"WSX": -1.0}, {"visible": False}, {"visible": 2}]
 NEVER += [{"WX": far} for far in (math.nan, math.inf, -math.inf, 1e20, -1e20, 2.0**31)]
 
@@ -79,10 +73,14 @@ def test_what_is_never_hit(values):
     assert node.clicked is ("visible" in values)
 
 
-@pytest.mark.parametrize("left", [MOST, MOST - 10, MOST - 30, LEAST, LEAST + 1])
-def test_rectangles_that_reach_beyond_32_bits_are_hit_as_pygame_says(capsys, left):
-    node = box(WX=left)
-    for x in (left, min(left + 5, MOST), MOST, LEAST):
+LEFTS = [-0.5, -0.999, 5.5, -1.5, MOST, MOST - 10, MOST - 30, LEAST, LEAST + 1]
+
+
+# Fractions are cut towards zero, and a rectangle may reach beyond 32 bits.
+@pytest.mark.parametrize("left", LEFTS)
+def test_rectangles_are_hit_as_pygame_says(capsys, left):
+    node, column = box(WX=left), int(left)
+    for x in (column, max(column - 1, LEAST), min(column + 5, MOST), MOST, LEAST):
         assert hits(node, (x, 5)) is bool(pygame.Rect(left, 0, 20, 10).collidepoint(x, 5)), x
 
 

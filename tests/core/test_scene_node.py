@@ -55,13 +55,6 @@ def test_arguments_that_do_not_fit_are_named(values, named, text):
         T.GameNode(*values, **named)
 
 
-def test_loading_reaches_the_whole_subtree():
-    root, (child, _) = family(2)
-    leaf = T.GameNode(child)
-    root.OnLoad(sceneInstance="scene")
-    assert [node.GetSceneInstance() for node in (root, child, leaf)] == ["scene"] * 3
-
-
 def test_bound_inner_events_of_a_life():
     node, scene = T.GameNode(None), Scene()
     for event in ("Load", "Update", "Destroy"):
