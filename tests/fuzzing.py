@@ -142,9 +142,8 @@ class Fuzz:
     def set_stage(self, tilemap):
         rng = self.rng
         tilemap.OnLoad(Stage(self))
-        tilemap.SetTiledMapInfo(
-            "stage", rng.randrange(9), rng.randrange(9), 16, 9, rng.randrange(2)
-        )
+        size = rng.randrange(9), rng.randrange(9)
+        tilemap.SetTiledMapInfo("stage", *size, 16, 9, rng.randrange(2))
         tilemap.Tile_Array[:] = [rng.randrange(-1, 4) for _ in tilemap.Tile_Array]
 
     def call(self):

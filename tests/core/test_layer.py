@@ -44,15 +44,6 @@ def test_a_consistent_layer_knows_every_node_by_its_number_and_once(layer):
     assert layer.CheckAllGameNode() is True
 
 
-def test_bound_inner_events_of_a_layer(layer, screen):
-    scene, layer.LayerName = layer.sceneInstance, "sky"
-    for event in ("Load", "Update", "Render", "Destroy"):
-        layer.SetInnerBindingEvent(event, event.lower(), None)
-    layer.OnLoad(scene), layer.update(1), layer.draw(screen), layer.OnDestroy()
-    names = ["on_sky_load", "on_sky_update", "on_sky_render", "on_sky_destroy"]
-    assert [name for name, _ in scene.calls] == names
-
-
 def test_a_node_may_add_another_while_it_is_loaded(layer):
     outer, inner = make_node(), make_node()
     outer.OnLoad = lambda scene: layer.AddGameNode(inner)

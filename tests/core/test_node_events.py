@@ -199,6 +199,17 @@ def test_events_call_the_scene(screen, make, name, inner):
     assert call(event) == 7
 
 
+@pytest.mark.parametrize(("make", "prefix"), [(make_node, "on_"), (T.GameLayer, "on_sky_")])
+def test_bound_inner_events_of_a_life(screen, make, prefix):
+    owner, scene = make(), Scene()
+    owner.LayerName = "sky"
+    for event in ("Load", "Update", "Render", "Destroy"):
+        owner.SetInnerBindingEvent(event, event.lower(), None)
+    owner.OnLoad(scene), owner.update(1), owner.draw(screen), owner.OnDestroy()
+    steps = ("load", "update", "render", "destroy")
+    assert scene.calls == [(prefix + step, {}) for step in steps]
+
+
 @pytest.mark.parametrize("entry", [[], 5, "", [5]])
 @pytest.mark.parametrize("make", [make_node, T.GameLayer])
 def test_malformed_events_are_refused(screen, make, entry, inner):

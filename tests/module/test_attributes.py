@@ -81,6 +81,8 @@ TEXT = {**EDIT, "NodeType": "Text", "lineArray": [], "lineCount": 0, "lineIndex"
 TEXT.update(showlineCount=ANY, cursorRow=0, lineHeight=ANY, linegap=2)
 ACTION = {"running": False, "targetNode": None, "runtime": 0, "over": False}
 TIMED = {**ACTION, "duration": 2}
+CALLBACK = {**TIMED, "callbackFunc": len, "callbackParams": {}}
+BLINK = {**TIMED, "blinkcount": 4, "delaytime": 0.5, "blinkindex": 0}
 
 
 def vectors(name, source):
@@ -104,20 +106,14 @@ CLASSES = {
     "PyGameResManager": ({"resdir": "none"}, MANAGER),
     "GAction": ({}, ACTION),
     "ActionPlayer": ({}, {"ActionArray": None, "ActionIndex": 0}),
-    "CallBackAction": (
-        {"duration": 2, "callbackFunc": len},
-        {**TIMED, "callbackFunc": len, "callbackParams": {}},
-    ),
+    "CallBackAction": ({"duration": 2, "callbackFunc": len}, CALLBACK),
     "MoveToAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
     "MoveByAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
     "ScaleToAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 1)),
     "ScaleByAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 0)),
     "RotateToAction": ({"duration": 2, "angle": 3}, TURN),
     "RotateByAction": ({"duration": 2, "angle": 3}, TURN),
-    "BlinkAction": (
-        {"duration": 2, "blinkcount": 4},
-        {**TIMED, "blinkcount": 4, "delaytime": 0.5, "blinkindex": 0},
-    ),
+    "BlinkAction": ({"duration": 2, "blinkcount": 4}, BLINK),
 }
 
 

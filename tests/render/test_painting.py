@@ -6,7 +6,7 @@ from functools import partial
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import draw_widget, dress, outcome
+from picture_oracle import draw_widget, dress, noise, outcome
 
 ALPHA = pygame.SRCALPHA
 TARGETS = {"opaque": 0, "alpha": ALPHA}
@@ -19,15 +19,10 @@ def surface_of(size, pixels, flags=ALPHA):
     return surface
 
 
-def noise(rng, size, flags=ALPHA):
-    count = 4 * size[0] * size[1]
-    return surface_of(size, rng.getrandbits(8 * count).to_bytes(count, "little"), flags)
-
-
 # A picture with empty, opaque and mixed stretches, as the pictures of games have them, in another
 # order of its bytes than the display's: what is drawn is kept beside it.
-def figure(rng, size):
-    picture = noise(rng, size)
+def figure(size, seed):
+    rng, picture = random.Random(seed), noise(size, seed)
     for _ in range(size[1]):
         box = (rng.randint(-9, size[0]), rng.randrange(size[1]), rng.randint(1, 60), 3)
         alpha = rng.choice((0, 255, 0, 255, 1, 254))
@@ -81,7 +76,7 @@ def test_every_source_and_target(widget, all_pairs, kind, blend):
 @pytest.mark.parametrize("blend", BLENDS)
 def test_every_tint_and_opacity(widget, all_pairs, kind, blend):
     rng = random.Random(3)
-    ground = noise(rng, (256, 256), TARGETS[kind])
+    ground = noise((256, 256), 3, TARGETS[kind])
     look = {"image": all_pairs, "blendtype": BLENDS[blend]}
     for value in range(0, 256, 3):
         three = [value, min(value + 1, 255), min(value + 2, 255)]
@@ -92,17 +87,17 @@ def test_every_tint_and_opacity(widget, all_pairs, kind, blend):
 
 
 def test_every_row_length(widget):
-    rng = random.Random(4)
     for width in range(1, 70):
-        image = noise(rng, (width, 3))
+        image = noise((width, 3), width)
         for kind in TARGETS.values():
             for blend in BLENDS.values():
-                target = noise(rng, (width + 5, 5), kind)
+                target = noise((width + 5, 5), kind, kind)
                 assert_bytes(widget, target, image=image, x=width % 4, y=1, blendtype=blend)
 
 
 def random_target(rng):
-    whole = noise(rng, (rng.randint(1, 90), rng.randint(1, 50)), rng.choice((0, ALPHA)))
+    size = rng.randint(1, 90), rng.randint(1, 50)
+    whole = noise(size, rng.random(), rng.choice((0, ALPHA)))
     target = whole
     for _ in range(rng.choice((0, 1, 1, 2))):
         width, height = target.get_size()
@@ -121,7 +116,8 @@ def test_random_places_clips_and_subsurfaces(widget, seed):
     rng = random.Random(seed)
     for _ in range(100):
         whole, target = random_target(rng)
-        image = rng.choice((noise, figure))(rng, (rng.randint(1, 130), rng.randint(1, 40)))
+        size = rng.randint(1, 130), rng.randint(1, 40)
+        image = rng.choice((noise, figure))(size, rng.random())
         look = {"x": rng.randint(-130, 90), "y": rng.randint(-40, 50)}
         look["alpha"] = rng.choice((255, 255, 1, 254, rng.randint(1, 255)))
         color = [rng.choice((0, 255, rng.randint(0, 255))) for _ in range(4)]
@@ -158,8 +154,7 @@ STATES = {
 def test_states_that_change_between_two_draws(widget, side, name, kind):
     look, pairs = {"width": 20, "height": 15, "bgColor": None}, []
     for _ in range(2):
-        rng = random.Random(6)
-        pairs.append((noise(rng, (20, 15)), noise(rng, (30, 20), TARGETS[kind])))
+        pairs.append((noise((20, 15), 6), noise((30, 20), 7, TARGETS[kind])))
         pairs[-1][0].set_at((4, 4), (0, 0, 0, 255))
     (image, target), (same_image, wanted) = pairs
     dress(widget, image=image, **look)
@@ -173,11 +168,10 @@ def test_states_that_change_between_two_draws(widget, side, name, kind):
 
 
 def test_locked_owners_and_parts(widget):
-    rng = random.Random(7)
-    image = noise(rng, (9, 9))
+    image = noise((9, 9), 7)
     dress(widget, image=image, width=9, height=9)
     for locked in range(3):
-        target = noise(rng, (30, 20), 0)
+        target = noise((30, 20), locked, 0)
         part = target.subsurface((2, 2, 20, 15))
         family = [target, part, part.subsurface((1, 1, 10, 10))]
         family[locked].lock()
@@ -200,8 +194,7 @@ def test_surfaces_over_the_same_bytes(widget):
 
 
 def test_a_part_of_a_display_that_is_gone(screen):
-    rng = random.Random(9)
-    widget = dress(T.GUI_Image(None, 2, 2), image=noise(rng, (9, 9)), width=9, height=9)
+    widget = dress(T.GUI_Image(None, 2, 2), image=noise((9, 9), 9), width=9, height=9)
     part = screen.subsurface((20, 10, 100, 80))
     for _ in range(2):
         widget.draw(part)
@@ -215,8 +208,7 @@ def test_a_part_of_a_display_that_is_gone(screen):
 
 
 def test_without_a_display_nothing_is_drawn_onto_it(screen):
-    image = noise(random.Random(1), (9, 9))
-    widget = dress(T.GUI_Image(None, 2, 2), image=image, width=9, height=9)
+    widget = dress(T.GUI_Image(None, 2, 2), image=noise((9, 9), 1), width=9, height=9)
     for _ in range(3):
         widget.draw(screen)
     pygame.quit()
