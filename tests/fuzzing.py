@@ -93,9 +93,8 @@ class Fuzz:
         odd = SMALL if any(word in name for word in BOUNDED) else ODD
         # Lists among them are filled by whoever gets them.
         makers = [lambda: rng.choice(SMALL), lambda: rng.choice(odd)]
-        makers += [lambda: copy.copy(rng.choice(JUNK))]
-        makers += [self.thing, self.callback, lambda: rng.choice([[], {}, self.screen])]
-        makers += [lambda: Recorder(rng.choice(SCALES))]
+        makers += [lambda: copy.copy(rng.choice(JUNK)), self.thing, self.callback]
+        makers += [lambda: rng.choice([[], {}, self.screen]), lambda: Recorder(rng.choice(SCALES))]
         if name.endswith("array") and rng.random() < 0.5:
             return [makers[0]() for _ in range(rng.randrange(20))]
         if name.startswith("sceneinstance") and rng.random() < 0.7:

@@ -197,19 +197,11 @@ ANSWERS = [((False, False), False), ((True, False), True), ((False, True), True)
 @pytest.mark.parametrize("place", ["before the node", "after the node"])
 @pytest.mark.parametrize(("answer", "hit"), ANSWERS)
 def test_tile_maps_answer_for_each_direction(layer, answer, hit, place):
-    asked = []
-
-    class TiledMap(T.GameNode):
-        def checkCollision(self, *args):
-            asked.append(args)
-            return answer
-
-    node, tiles = make_node(None, width=10, height=10), TiledMap(None)
-    tiles.NodeType = "TiledMap"
+    node, tiles, asked = make_node(width=10, height=10), make_node(NodeType="TiledMap"), []
+    tiles.checkCollision = lambda *args: asked.append(args) or answer
     for each in (tiles, node) if place == "before the node" else (node, tiles):
         layer.AddGameNode(each)
-    assert layer.checkCollision(node, 1, 2) is hit
-    assert asked == [(node, 1, 2)]
+    assert layer.checkCollision(node, 1, 2) is hit and asked == [(node, 1, 2)]
 
 
 SCROLLS = [

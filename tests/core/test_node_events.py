@@ -243,14 +243,9 @@ def test_bound_inner_events_get_the_position(capsys):
 # pygame-ce reads the missing items of such a sequence.
 @pytest.mark.parametrize("cls", [T.GameNode, T.GameCharacter])
 def test_a_sequence_that_breaks_its_promise_is_no_rectangle(screen, cls):
-    class Promise:
-        def __len__(self):
-            return 4
-
-        def __getitem__(self, index):
-            raise IndexError(index)
-
-    pytest.raises((IndexError, TypeError), cls(None).checkEventRectCollision, Promise())
+    promise = {"__len__": lambda self: 4, "__getitem__": lambda self, index: [][index]}
+    rect = type("Promise", (), promise)()
+    pytest.raises((IndexError, TypeError), cls(None).checkEventRectCollision, rect)
 
 
 MOVES = [((), False), ((-15,), True), ((-15, 50), False), ((0, 0), False)]

@@ -81,16 +81,10 @@ class Nobody:
     def __eq__(self, other):
         return other is None
 
-    def __ne__(self, other):
-        return other is not None
-
     __hash__ = None
 
 
-class NoNode(Nobody, T.GameNode):
-    pass
-
-
+NoNode = type("NoNode", (Nobody, T.GameNode), {})
 ROOTS = {"GetWPX": 0.0, "GetWPY": 0.0, "GetWPSX": 1.0, "GetWPSY": 1.0, "GetWPAngle": 0.0}
 ROOTS.update(GetPAXW=0.0, GetPAYH=0.0, GetWX=7.0, GetWXY=(7.0, 0.0))
 

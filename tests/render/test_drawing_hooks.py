@@ -28,13 +28,10 @@ def test_order_and_arguments_of_the_steps(screen, base, image):
     expected = [("draw_begin", 3, 4, 0.5)] + [("drawBGColor", screen, widget.bgColor)] * filled
     expected += [("drawimage", screen, image)] * bool(image)
     expected += [("drawText", screen, "", pygame.Color("black"))] * written
-    expected += [
-        ("drawStyle", screen),
-        ("drawFocusBorder", screen),
-        ("drawDragRect", screen, 6, -1),
-    ]
     anchors = [call for call in calls if call[:2] == ("drawAnchor", screen)]
-    expected += [*anchors, ("drawCollInfo", screen), ("draw_children", screen, 3, 4, 0.5)]
+    expected += [("drawStyle", screen), ("drawFocusBorder", screen)]
+    expected += [("drawDragRect", screen, 6, -1), *anchors, ("drawCollInfo", screen)]
+    expected.append(("draw_children", screen, 3, 4, 0.5))
     assert (calls, len(anchors)) == (expected, 1)
 
 

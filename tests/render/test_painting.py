@@ -91,7 +91,7 @@ def test_every_row_length(widget):
         image = noise((width, 3), width)
         for kind in TARGETS.values():
             for blend in BLENDS.values():
-                target = noise((width + 5, 5), kind, kind)
+                target = noise((width + 5, 5), width + 70, kind)
                 assert_bytes(widget, target, image=image, x=width % 4, y=1, blendtype=blend)
 
 
