@@ -10,6 +10,7 @@ import inspect
 import os
 import random
 import sys
+from functools import partial
 
 import pygame
 import pytest
@@ -24,39 +25,12 @@ SCALES = [0, 1, 1.0, -1, 0.5, 1.5, float("nan"), "text", None]
 FAR = [float("nan"), float("inf"), -float("inf"), 1e30, -1e30, 2.0**31, -(2**31), 2**31 - 1]
 ODD = [*FAR, 10**30, -(10**30), 1e300, 2**40]
 LARGE = [330, 400.5, 1000]
-JUNK = [
-    None,
-    "",
-    "text",
-    "Begin",
-    "center",
-    "a.png",
-    "effect.plist",
-    b"x",
-    (),
-    (1, 2),
-    [1, 2, 3, 4],
-    len,
-    object,
-]
+JUNK = [None, "", "text", "Begin", "center", "a.png", "effect.plist", b"x"]
+JUNK += [(), (1, 2), [1, 2, 3, 4], len, object]
 # Loops or allocations of pygame and of the game's own numbers grow with these.
-BOUNDED = (
-    "border",
-    "image",
-    "size",
-    "count",
-    "gap",
-    "switch",
-    "font",
-    "row",
-    "cow",
-    "total",
-    "emi",
-)
-PLACES = ("x", "y", "wx", "wy", "px", "py", "offsetx", "offsety")
-SIZES = ("width", "height", "w", "h")
+BOUNDED = "border image size count gap switch font row cow total emi".split()
 SCALED = ("sx", "sy", "wsx", "wsy", "scale")
-KEYS = ["a", "xyz", "space", "tab", "backspace", "return", "left", "right", "up", "down"]
+KEYS = "a xyz space tab backspace return left right up down".split()
 TEXTS = ["", "a", "some words in a line", "unbroken" * 9, "lines\n\nof text\n", "é你\t ш"]
 ERRORS = [LookupError, ValueError, RecursionError, StopIteration]
 
@@ -85,9 +59,26 @@ class Fuzz:
         self.rng, self.screen, self.folder = random.Random(seed), screen, folder
         self.classes, self.things = engine_classes(T), []
         self.budget, self.taken, self.trail = 0, 0, collections.deque(maxlen=25)
+        files = [os.path.join(folder, name) for name in ("x.json", "y.json", "a.png")]
+        # Names of arguments, how often they get a value that fits, and what gives it.
+        self.fitting = [
+            ("text", 0.8, partial(self.rng.choice, TEXTS)),
+            ("key keyname", 0.8, partial(self.rng.choice, KEYS)),
+            ("x y wx wy px py offsetx offsety", 0.2, partial(self.rng.choice, FAR)),
+            ("width height w h", 0.4, partial(self.rng.choice, LARGE)),
+            ("filename plistfile atlasfile", 0.9, partial(self.rng.choice, files)),
+            ("actionname curractionname", 0.9, partial(self.rng.choice, ["walk", "run"])),
+            ("callbackfun", 0.7, self.callback),
+            ("frameindex partindex", 0.9, partial(self.rng.randrange, 4)),
+            ("screen surface picture image", 0.8, self.surface),
+            ("child gamenode parent other p", 0.8, self.thing),
+        ]
 
     def callback(self):
         return lambda *args, **params: self.misbehave()
+
+    def surface(self):
+        return self.rng.choice([self.screen, pygame.Surface((5, 9), pygame.SRCALPHA)])
 
     def thing(self):
         return self.rng.choice(self.things) if self.things else None
@@ -96,30 +87,14 @@ class Fuzz:
         rng, name = self.rng, name.lower()
         if name in SCALED or "scale" in name:
             return rng.choice(SCALES)
-        if name in ("key", "keyname", "text") and rng.random() < 0.8:
-            return rng.choice(TEXTS if name == "text" else KEYS)
-        if name in PLACES and rng.random() < 0.2:
-            return rng.choice(FAR)
-        if name in SIZES and rng.random() < 0.4:
-            return rng.choice(LARGE)
-        if name in ("filename", "plistfile", "atlasfile") and rng.random() < 0.9:
-            return os.path.join(self.folder, rng.choice(["x.json", "y.json", "a.png"]))
-        if name in ("actionname", "curractionname") and rng.random() < 0.9:
-            return rng.choice(["walk", "run"])
-        if name == "callbackfun" and rng.random() < 0.7:
-            return self.callback()
-        if name in ("frameindex", "partindex") and rng.random() < 0.9:
-            return rng.randrange(4)
-        if name in ("screen", "surface", "picture", "image") and rng.random() < 0.8:
-            return rng.choice([self.screen, pygame.Surface((5, 9), pygame.SRCALPHA)])
-        if name in ("child", "gamenode", "parent", "other", "p") and rng.random() < 0.8:
-            return self.thing()
+        for names, chance, make in self.fitting:
+            if name in names.split() and rng.random() < chance:
+                return make()
         odd = SMALL if any(word in name for word in BOUNDED) else ODD
         # Lists among them are filled by whoever gets them.
         makers = [lambda: rng.choice(SMALL), lambda: rng.choice(odd)]
-        makers += [lambda: copy.copy(rng.choice(JUNK))]
-        makers += [self.thing, self.callback, lambda: rng.choice([[], {}, self.screen])]
-        makers += [lambda: Recorder(rng.choice(SCALES))]
+        makers += [lambda: copy.copy(rng.choice(JUNK)), self.thing, self.callback]
+        makers += [lambda: rng.choice([[], {}, self.screen]), lambda: Recorder(rng.choice(SCALES))]
         if name.endswith("array") and rng.random() < 0.5:
             return [makers[0]() for _ in range(rng.randrange(20))]
         if name.startswith("sceneinstance") and rng.random() < 0.7:
@@ -166,9 +141,8 @@ class Fuzz:
     def set_stage(self, tilemap):
         rng = self.rng
         tilemap.OnLoad(Stage(self))
-        tilemap.SetTiledMapInfo(
-            "stage", rng.randrange(9), rng.randrange(9), 16, 9, rng.randrange(2)
-        )
+        size = rng.randrange(9), rng.randrange(9)
+        tilemap.SetTiledMapInfo("stage", *size, 16, 9, rng.randrange(2))
         tilemap.Tile_Array[:] = [rng.randrange(-1, 4) for _ in tilemap.Tile_Array]
 
     def call(self):

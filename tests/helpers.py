@@ -117,6 +117,12 @@ def outcomes(pieces, prelude="", timeout=60):
     return found
 
 
+# The pieces that did not end well, and how.
+def failures(pieces, prelude="", allowed=("fine",)):
+    found = {**dict.fromkeys(pieces), **outcomes(pieces, prelude)}
+    return {name: how for name, how in found.items() if how not in allowed}
+
+
 RUNNER = """
 import pygame
 import Tessora as T

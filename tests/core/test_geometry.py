@@ -41,13 +41,10 @@ def test_helpers(name, arguments, expected):
             assert found == expected and type(found) is type(expected)
 
 
-@pytest.mark.parametrize("missing", ["x", "y", "width", "height"])
-def test_a_rectangle_is_read_in_the_order_of_its_numbers(missing):
-    names = ["x", "y", "width", "height"]
-    known = names[: names.index(missing)]
-    with pytest.raises(KeyError) as error:
-        T.read_rect(dict.fromkeys(known, 0))
-    assert error.value.args == (missing,)
+def test_a_rectangle_is_read_in_the_order_of_its_numbers():
+    reads = []
+    table = type("Table", (), {"__getitem__": lambda self, name: reads.append(name)})()
+    assert T.read_rect(table) == [None] * 4 and reads == ["x", "y", "width", "height"]
 
 
 @pytest.mark.parametrize("move", [(0, 0), (5, -3), (-20, 0), (-21, 0), (0.9, -0.4), (-21.5, 9.5)])
@@ -83,7 +80,6 @@ PLISTS = [
     ("<k>a</k><i>" + "9" * 4301 + "</i>", ValueError),
     ("<k>a</k><i/>", TypeError),
     ("<k>a</k><a><i>1.5</i></a>", ValueError),
-    ("<k>a</k><d><k>speed</k></d>", IndexError),
 ]
 
 
@@ -97,12 +93,3 @@ def test_property_lists(text, expected):
         pytest.raises(expected, T.tree_to_dict, tree).match(named)
     else:
         assert repr(T.tree_to_dict(tree=tree)) == repr(expected)
-
-
-def test_dicts_deeper_than_the_recursion_limit_are_refused():
-    tree = ElementTree.Element("dict")
-    inner = tree
-    for _ in range(20000):
-        ElementTree.SubElement(inner, "key").text = "k"
-        inner = ElementTree.SubElement(inner, "dict")
-    pytest.raises(RecursionError, T.tree_to_dict, tree)

@@ -3,7 +3,7 @@
 import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder, ink, make_node
+from helpers import ink, make_node
 
 RED = (255, 0, 0)
 SHAPES = [
@@ -15,9 +15,7 @@ SHAPES = [
 
 @pytest.fixture
 def layer(screen):
-    layer = T.GameLayer()
-    layer.font = Recorder(pygame.Surface((4, 4)), size=(4, 4))
-    return layer
+    return T.GameLayer()
 
 
 @pytest.mark.parametrize(("kind", "names", "values"), SHAPES)
@@ -33,20 +31,6 @@ def test_adding_and_deleting(layer, kind, names, values):
     delete(index=0)
     assert len(array) == 1
     pytest.raises(TypeError, delete, "l")
-
-
-def test_a_point_is_a_marker_with_its_place_beside_it(layer, screen):
-    layer.AddPoint("p", 1, 40, 60)
-    layer.draw(screen)
-    assert ink(screen) == pygame.Rect(38, 58, 5, 5)
-    text = layer.font.calls[-1][1][0]
-    assert text.startswith("(40") and text.endswith("60)")
-
-
-def test_a_line_joins_two_points(layer, screen):
-    layer.AddLine("l", 1, 10, 20, 60, 20)
-    layer.draw(screen)
-    assert ink(screen) == pygame.Rect(10, 20, 51, 1) and screen.get_at((30, 20))[:3] == RED
 
 
 @pytest.mark.parametrize(

@@ -59,12 +59,6 @@ def test_the_right_and_bottom_edges_are_outside(capsys, point):
     assert hits(box(), point) is (point in INSIDE)
 
 
-@pytest.mark.parametrize(("left", "column"), [(-0.5, 0), (-0.999, 0), (5.5, 5), (-1.5, -1)])
-def test_fractions_are_cut_towards_zero(capsys, left, column):
-    node = box(WX=left)
-    assert hits(node, (column, 5)) and not hits(node, (column - 1, 5))
-
-
 NEVER = [{"width": 0}, {"width": -20}, {"WSX": -1.0}, {"visible": False}, {"visible": 2}]
 NEVER += [{"WX": far} for far in (math.nan, math.inf, -math.inf, 1e20, -1e20, 2.0**31)]
 
@@ -79,10 +73,14 @@ def test_what_is_never_hit(values):
     assert node.clicked is ("visible" in values)
 
 
-@pytest.mark.parametrize("left", [MOST, MOST - 10, MOST - 30, LEAST, LEAST + 1])
-def test_rectangles_that_reach_beyond_32_bits_are_hit_as_pygame_says(capsys, left):
-    node = box(WX=left)
-    for x in (left, min(left + 5, MOST), MOST, LEAST):
+LEFTS = [-0.5, -0.999, 5.5, -1.5, MOST, MOST - 10, MOST - 30, LEAST, LEAST + 1]
+
+
+# Fractions are cut towards zero, and a rectangle may reach beyond 32 bits.
+@pytest.mark.parametrize("left", LEFTS)
+def test_rectangles_are_hit_as_pygame_says(capsys, left):
+    node, column = box(WX=left), int(left)
+    for x in (column, max(column - 1, LEAST), min(column + 5, MOST), MOST, LEAST):
         assert hits(node, (x, 5)) is bool(pygame.Rect(left, 0, 20, 10).collidepoint(x, 5)), x
 
 
@@ -201,6 +199,17 @@ def test_events_call_the_scene(screen, make, name, inner):
     assert call(event) == 7
 
 
+@pytest.mark.parametrize(("make", "prefix"), [(make_node, "on_"), (T.GameLayer, "on_sky_")])
+def test_bound_inner_events_of_a_life(screen, make, prefix):
+    owner, scene = make(), Scene()
+    owner.LayerName = "sky"
+    for event in ("Load", "Update", "Render", "Destroy"):
+        owner.SetInnerBindingEvent(event, event.lower(), None)
+    owner.OnLoad(scene), owner.update(1), owner.draw(screen), owner.OnDestroy()
+    steps = ("load", "update", "render", "destroy")
+    assert scene.calls == [(prefix + step, {}) for step in steps]
+
+
 @pytest.mark.parametrize("entry", [[], 5, "", [5]])
 @pytest.mark.parametrize("make", [make_node, T.GameLayer])
 def test_malformed_events_are_refused(screen, make, entry, inner):
@@ -234,14 +243,9 @@ def test_bound_inner_events_get_the_position(capsys):
 # pygame-ce reads the missing items of such a sequence.
 @pytest.mark.parametrize("cls", [T.GameNode, T.GameCharacter])
 def test_a_sequence_that_breaks_its_promise_is_no_rectangle(screen, cls):
-    class Promise:
-        def __len__(self):
-            return 4
-
-        def __getitem__(self, index):
-            raise IndexError(index)
-
-    pytest.raises((IndexError, TypeError), cls(None).checkEventRectCollision, Promise())
+    promise = {"__len__": lambda self: 4, "__getitem__": lambda self, index: [][index]}
+    rect = type("Promise", (), promise)()
+    pytest.raises((IndexError, TypeError), cls(None).checkEventRectCollision, rect)
 
 
 MOVES = [((), False), ((-15,), True), ((-15, 50), False), ((0, 0), False)]

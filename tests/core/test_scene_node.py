@@ -2,7 +2,6 @@
 
 import pytest
 import Tessora as T
-from helpers import Scene
 
 FIVE = ["NodeType", "sceneInstance", "parent", "children", "sortIndex"]
 
@@ -40,36 +39,9 @@ def test_falsy_parents_are_kept_but_not_asked():
     assert child.parent is parent and parent.children == [] and child.sceneInstance is None
 
 
-REFUSED = [
-    ((), {}, "argument"),
-    ((None, 1, 2, 3), {}, "argument"),
-    ((None,), {"nonsense": 1}, "nonsense"),
-    ((None,), {"parent": None}, "multiple values.*parent"),
-    ((None, 1, 2), {"y": 2}, "multiple values.*y"),
-]
-
-
-@pytest.mark.parametrize(("values", "named", "text"), REFUSED, ids=str)
-def test_arguments_that_do_not_fit_are_named(values, named, text):
-    with pytest.raises(TypeError, match=text):
-        T.GameNode(*values, **named)
-
-
-def test_loading_reaches_the_whole_subtree():
-    root, (child, _) = family(2)
-    leaf = T.GameNode(child)
-    root.OnLoad(sceneInstance="scene")
-    assert [node.GetSceneInstance() for node in (root, child, leaf)] == ["scene"] * 3
-
-
-def test_bound_inner_events_of_a_life():
-    node, scene = T.GameNode(None), Scene()
-    for event in ("Load", "Update", "Destroy"):
-        node.SetInnerBindingEvent(event, event.lower(), None)
-    node.OnLoad(scene)
-    node.update(1)
-    node.OnDestroy()
-    assert [name for name, _ in scene.calls] == ["on_load", "on_update", "on_destroy"]
+def test_arguments_that_do_not_fit_are_named():
+    pytest.raises(TypeError, T.GameNode, None, nonsense=1).match("nonsense")
+    pytest.raises(TypeError, T.GameNode, None, parent=1).match("multiple values.*parent")
 
 
 REPLACED = ["children", "KeyDownFunctionDict", "KeyUpFunctionDict", "BindingVarArray"]

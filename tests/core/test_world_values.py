@@ -5,13 +5,12 @@ import pytest
 import Tessora as T
 from helpers import make_node
 
-NUMBERS = [0, 1, -3, 2**70, 0.0, -0.0, 0.1, 1e-310, 1e300, -7.25]
+# Exact in Python's own arithmetic: integers of any size, and the sign of zero.
+NUMBERS = [0, 1, -3, 2**40, 2**53 + 1, 2**70, 0.0, -0.0, 0.1, 1e-310, 1e300, -7.25]
 
 
-@pytest.mark.parametrize("seed", range(20))
-def test_formulas_bit_for_bit(seed):
-    rng = random.Random(seed)
-    values = [rng.choice(NUMBERS), rng.uniform(-50, 50), rng.randint(-9, 9), rng.random()]
+def assert_formulas(rng):
+    values = [*rng.sample(NUMBERS, 2), rng.uniform(-50, 50), rng.randint(-9, 9), rng.random()]
     names = "x y sx sy angle width height anchorx anchory".split()
     p, c = [make_node(None, **{n: rng.choice(values) for n in names}) for _ in range(2)]
     c.parent, aw, ah = p, c.anchorx * c.width, c.anchory * c.height
@@ -29,6 +28,13 @@ def test_formulas_bit_for_bit(seed):
             assert repr(each) == repr(value), name
 
 
+@pytest.mark.parametrize("seed", range(20))
+def test_formulas_bit_for_bit(seed):
+    rng = random.Random(seed)
+    for _ in range(50):
+        assert_formulas(rng)
+
+
 def test_integers_stay_integers_where_the_formula_keeps_them():
     node = make_node(None, x=2, width=10, anchorx=1, sx=2, angle=5)
     assert repr((node.GetAXW(), node.GetWX(), node.GetWAngle())) == "(10, -18.0, 5.0)"
@@ -41,27 +47,6 @@ def test_integers_stay_integers_where_the_formula_keeps_them():
     assert type(node.Clamp(1, 1.0, 2)) is int and node.Clamp(value=5, min=9, max=1) == 9
     assert node.Clamp(2**53 + 1, 0, 2**53) == 2**53
     pytest.raises(TypeError, node.Clamp, "b", 1, 2)
-
-
-# What is exact in Python's own arithmetic: the sign of zero, integers of any size.
-EXACT = [
-    ({"x": -0.0}, "GetWX", 0.0),
-    ({"sx": -0.0}, "GetWSX", -0.0),
-    ({"sx": -1, "width": 0, "anchorx": 1, "x": 0}, "GetWX", 0.0),
-    ({"angle": -0.0}, "GetWAngle", 0.0),
-    ({"anchorx": -0.0, "width": 5}, "GetAXW", -0.0),
-    ({"anchory": -1, "height": 0.0}, "GetAYH", -0.0),
-    ({"anchorx": 2**30, "width": 2**50}, "GetAXW", 2**80),
-    ({"anchorx": 3, "width": 2**53 + 1}, "GetAXW", 3 * (2**53 + 1)),
-    ({"anchory": 2**40, "height": 2**40 + 1}, "GetAYH", 2**40 * (2**40 + 1)),
-    ({"anchorx": 3, "width": 2**53 + 1, "sx": 5}, "GetWX", 0.0 - 15 * (2**53 + 1)),
-    ({"angle": 2**70}, "GetWAngle", float(2**70)),
-]
-
-
-@pytest.mark.parametrize(("values", "query", "expected"), EXACT, ids=str)
-def test_exact_values(values, query, expected):
-    assert repr(getattr(make_node(None, **values), query)()) == repr(expected)
 
 
 def test_a_zero_keeps_its_sign_through_the_camera():
@@ -96,16 +81,10 @@ class Nobody:
     def __eq__(self, other):
         return other is None
 
-    def __ne__(self, other):
-        return other is not None
-
     __hash__ = None
 
 
-class NoNode(Nobody, T.GameNode):
-    pass
-
-
+NoNode = type("NoNode", (Nobody, T.GameNode), {})
 ROOTS = {"GetWPX": 0.0, "GetWPY": 0.0, "GetWPSX": 1.0, "GetWPSY": 1.0, "GetWPAngle": 0.0}
 ROOTS.update(GetPAXW=0.0, GetPAYH=0.0, GetWX=7.0, GetWXY=(7.0, 0.0))
 
@@ -169,6 +148,8 @@ QUERIES = {"GetWX": PLACE[1:3], "GetWY": PLACE[4:], "GetWXY": PLACE, "GetWSXY": 
 QUERIES.update(GetWPXY=["GetWPX", "GetWPY"], GetWPSXY=["GetWPSX", "GetWPSY"], GetSizeRect=PLACE)
 QUERIES.update(GetCenterX=CENTER[0][1:], GetCenterY=CENTER[1][1:], GetCenterXY=sum(CENTER, []))
 QUERIES["draw_begin"] = [*SCALE, *ANGLE, *PLACE]
+PARENT_QUERIES = {"GetWPXY": ["GetWX", "GetWY"], "GetWPSXY": ["GetWSX", "GetWSY"]}
+PARENT_QUERIES["draw_begin"] = ["GetWSX", "GetWSY", "GetWAngle", "GetWX", "GetWY"]
 
 
 # Notes the methods that are called on it.
@@ -181,26 +162,13 @@ def noting(names, log, parent=None):
 
 @pytest.mark.parametrize("query", QUERIES)
 def test_world_queries(query):
-    log = []
+    log, asked, child = [], [], T.GameNode(None)
     node = noting(set(QUERIES).union(*QUERIES.values()), log)
     getattr(node, query)()
     assert log == [query, *QUERIES[query]]
-
-
-PARENT_QUERIES = {
-    "GetWPXY": ["GetWX", "GetWY"],
-    "GetWPSXY": ["GetWSX", "GetWSY"],
-    "draw_begin": ["GetWSX", "GetWSY", "GetWAngle", "GetWX", "GetWY"],
-}
-
-
-@pytest.mark.parametrize("query", PARENT_QUERIES)
-def test_queries_to_the_parent(query):
-    log = []
-    child = make_node(parent=None)
-    child.parent = noting(PARENT_QUERIES["draw_begin"], log)
+    child.parent = noting(PARENT_QUERIES["draw_begin"], asked)
     getattr(child, query)()
-    assert log == PARENT_QUERIES[query]
+    assert asked == PARENT_QUERIES.get(query, asked)
 
 
 @pytest.mark.parametrize("cls, axis", [(T.MoveByAction, "GetW"), (T.ScaleToAction, "GetS")])

@@ -84,6 +84,29 @@ thread.start() if {size} else work()
     assert len(ended) == len(DEEP_ACTS) and set(ended) <= allowed
 
 
+def test_every_thread_has_its_own_depth_and_stack():
+    script = """
+def work():
+    for limit, depth in ((1000, 600), (1000000, 60000)):
+        sys.setrecursionlimit(limit)
+        globals().update(root=chain(lambda: T.GameNode(None), depth)[0])
+        print(attempt("root.update(1)"))
+inside, leave = threading.Event(), threading.Event()
+# The sanitizers' frames are larger.
+threading.stack_size((8 if "ASAN_OPTIONS" in os.environ else 1) << 20)
+waiting, last = chain(lambda: T.GameNode(None), 600)
+last.SetUpdateFunction(lambda delay: (inside.set(), leave.wait(20)))
+threads = [threading.Thread(target=waiting.update, args=(1,)), threading.Thread(target=work)]
+threads[0].start()
+inside.wait(20)
+threads[1].start()
+threads[1].join()
+leave.set()
+threads[0].join()
+"""
+    assert script_output(SETUP + script) == ["None", "RecursionError"]
+
+
 LINKS = """node.children = [last]|node.parent = last|node.userData = last|node.next = last
 node.UpdateFunction = last.update|node.BindingVarArray['n'] = last|node.userData = vars(last)
 node.ActionPlayer = T.ActionPlayer(); node.ActionPlayer.SetTarget(last)"""

@@ -57,13 +57,8 @@ def test_the_mapping_outlives_its_object():
 
 @pytest.mark.parametrize("base", [T.GameNode, type("Base", (T.GameNode,), {"visible": 3})])
 def test_instance_attributes_win_over_plain_class_attributes(screen, base):
-    class Hero(base):
-        visible, x, running = False, 99, "default"
-
-        def angle(self):
-            return 5
-
-    hero = Hero(None, 1, 2)
+    values = {"visible": False, "x": 99, "running": "default", "angle": lambda self: 5}
+    hero = type("Hero", (base,), values)(None, 1, 2)
     hero.draw(screen)
     assert hero.visible is True and hero.x == hero.WX == 1 and hero.running == "default"
     assert hero.angle == hero.GetWAngle() == 0.0 and "running" not in vars(hero)
@@ -112,8 +107,7 @@ def test_a_finalizer_set_on_an_engine_class_runs(monkeypatch):
     gone = []
     monkeypatch.setattr(T.GAction, "__del__", lambda action: gone.append(action), raising=False)
     for cls in (T.GAction, T.MoveToAction, type("Script", (T.GAction,), {})):
-        action = cls(*(1, 2, 3)[: 3 * (cls is T.MoveToAction)])
-        action = id(action)
+        action = id(cls(*(1, 2, 3)[: 3 * (cls is T.MoveToAction)]))
         assert [id(each) for each in gone] == [action], cls
         gone.clear()
 

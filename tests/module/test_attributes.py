@@ -16,33 +16,29 @@ LAYER_EVENTS = {name: [None, []] for name in (*EVENTS, "PickTile")}
 NODE = {"NodeType": "GameNode", "sceneInstance": None, "parent": None, "children": []}
 NODE.update(sortIndex=0, KeyDownFunctionDict={}, KeyUpFunctionDict={}, BindingVarArray={})
 NODE.update(BindingEventArray={}, BindingPointArray={}, InnerBindingEventArray=EVENTS)
-NODE.update(PickDownFunction=None, Enable_PickDown=True, PickUpFunction=None)
-NODE.update(Enable_PickUp=True, UpdateFunction=None, x=0, y=0, sx=1.0, sy=1.0)
-NODE.update(angle=0.0, width=0, height=0, anchorx=0.0, anchory=0.0, instanceID=-1)
-NODE.update(visible=True, ActionPlayer=None, rectvisible=False, anchorvisible=False)
-NODE.update(lock_xysa=False, WSX=1.0, WSY=1.0, WAngle=0.0, WX=0.0, WY=0.0)
-NODE.update(clicked=False, CheckPickDownChild=True, collisionType=-1, collisionInfo=None)
-NODE.update(editrectenable=False, editrectvisible=False, dragcornerindex=-2)
+NODE.update(PickDownFunction=None, Enable_PickDown=True, PickUpFunction=None, Enable_PickUp=True)
+NODE.update(UpdateFunction=None, x=0, y=0, sx=1.0, sy=1.0, angle=0.0, width=0, height=0)
+NODE.update(anchorx=0.0, anchory=0.0, instanceID=-1, visible=True, ActionPlayer=None)
+NODE.update(rectvisible=False, anchorvisible=False, lock_xysa=False, WSX=1.0, WSY=1.0, WAngle=0.0)
+NODE.update(WX=0.0, WY=0.0, clicked=False, CheckPickDownChild=True, collisionType=-1)
+NODE.update(collisionInfo=None, editrectenable=False, editrectvisible=False, dragcornerindex=-2)
 NODE.update(dragbegin_x=-1, dragbegin_y=-1, focusIn=False, userData=None)
 LAYER = {"sceneInstance": None, "NodeType": "GameLayer", "LayerName": None, "GameNodeDict": {}}
 LAYER.update(SortGameNodeInstanceIDArray=[], GameNodeKeyArray=[], AddGameNodeDict={})
-LAYER.update(DelGameNodeArray=[], BindingEventArray={}, PointArray=[], LineArray=[])
-LAYER.update(RectArray=[], InnerBindingEventArray=LAYER_EVENTS, UserFunctionDict={})
-LAYER.update(instanceID=0, visible=True, scrollType=0, scrollSpeed=0, scrollPosX=0)
-LAYER.update(scrollPosY=0, font=ANY)
+LAYER.update(DelGameNodeArray=[], BindingEventArray={}, PointArray=[], LineArray=[], RectArray=[])
+LAYER.update(InnerBindingEventArray=LAYER_EVENTS, UserFunctionDict={}, instanceID=0, visible=True)
+LAYER.update(scrollType=0, scrollSpeed=0, scrollPosX=0, scrollPosY=0, font=ANY)
 MANAGER = {"resdir": "none", "fontdir": None, "fileDict": {}, "ImageDict": {}, "soundDict": {}}
 MANAGER.update(ImageDict_MemManage_List=[], ImageDict_MemManage_Total=100)
 MANAGER.update(ImageDict_MemManage_Count=0, SceneJsonDict=[], soundPlayCount=0)
 BLACK, WINDOW = Color("black"), Color(128, 128, 128, 128)
 IMAGE = {**NODE, "NodeType": "Image", "width": 100, "height": 100, "bgColor": Color("white")}
-IMAGE.update(alpha=255, image=None, imageArray=None, imageFrameRectArray={})
-IMAGE.update(imagefiles=None, imageCount=0, imageIndex=0, imageDelay=0)
-IMAGE.update(imageSwitchDelay=0.1, imageAutoSwitch=False, plistFile=None)
-IMAGE.update(currActionName=None, originalImage=None, autosize=False)
-IMAGE.update(blendtype=pygame.BLEND_MULT, borderwidth=2, borderVisible=False)
-IMAGE.update(borderColor=WINDOW, borderColor_LT=Color(218, 218, 218))
-IMAGE.update(borderColor_RB=Color(64, 64, 64), imageAnchor="wn", coll_visible=False)
-IMAGE.update(coll_rectArray={}, style="flat", enable=True)
+IMAGE.update(alpha=255, image=None, imageArray=None, imageFrameRectArray={}, imagefiles=None)
+IMAGE.update(imageCount=0, imageIndex=0, imageDelay=0, imageSwitchDelay=0.1, imageAutoSwitch=False)
+IMAGE.update(plistFile=None, currActionName=None, originalImage=None, autosize=False)
+IMAGE.update(blendtype=pygame.BLEND_MULT, borderwidth=2, borderVisible=False, borderColor=WINDOW)
+IMAGE.update(borderColor_LT=Color(218, 218, 218), borderColor_RB=Color(64, 64, 64))
+IMAGE.update(imageAnchor="wn", coll_visible=False, coll_rectArray={}, style="flat", enable=True)
 LABEL = {**IMAGE, "NodeType": "Label", "text": "", "font": ANY, "fontname": "Arial"}
 LABEL.update(fontsize=16, fontbold=False, fontitalic=False, fontunderline=False)
 LABEL.update(strikethrough=False, textColor=BLACK, HAlign="center", VAlign="center")
@@ -81,6 +77,8 @@ TEXT = {**EDIT, "NodeType": "Text", "lineArray": [], "lineCount": 0, "lineIndex"
 TEXT.update(showlineCount=ANY, cursorRow=0, lineHeight=ANY, linegap=2)
 ACTION = {"running": False, "targetNode": None, "runtime": 0, "over": False}
 TIMED = {**ACTION, "duration": 2}
+CALLBACK = {**TIMED, "callbackFunc": len, "callbackParams": {}}
+BLINK = {**TIMED, "blinkcount": 4, "delaytime": 0.5, "blinkindex": 0}
 
 
 def vectors(name, source):
@@ -104,20 +102,14 @@ CLASSES = {
     "PyGameResManager": ({"resdir": "none"}, MANAGER),
     "GAction": ({}, ACTION),
     "ActionPlayer": ({}, {"ActionArray": None, "ActionIndex": 0}),
-    "CallBackAction": (
-        {"duration": 2, "callbackFunc": len},
-        {**TIMED, "callbackFunc": len, "callbackParams": {}},
-    ),
+    "CallBackAction": ({"duration": 2, "callbackFunc": len}, CALLBACK),
     "MoveToAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
     "MoveByAction": ({"duration": 2, "x": 3, "y": 4}, vectors("Postion", 0)),
     "ScaleToAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 1)),
     "ScaleByAction": ({"duration": 2, "sx": 3, "sy": 4}, vectors("Scale", 0)),
     "RotateToAction": ({"duration": 2, "angle": 3}, TURN),
     "RotateByAction": ({"duration": 2, "angle": 3}, TURN),
-    "BlinkAction": (
-        {"duration": 2, "blinkcount": 4},
-        {**TIMED, "blinkcount": 4, "delaytime": 0.5, "blinkindex": 0},
-    ),
+    "BlinkAction": ({"duration": 2, "blinkcount": 4}, BLINK),
 }
 
 
@@ -180,15 +172,14 @@ SETTERS = [row for row in ACCESSORS if row not in GETTERS + COLORS]
 # Methods that are named otherwise than their attributes.
 NAMES = {"AX": "anchorx", "AY": "anchory", "SizeRectVisible": "rectvisible", "XY": "x y"}
 NAMES.update(SXY="sx sy", AXY="anchorx anchory", Collision="collisionType collisionInfo")
-NAMES.update(AutoScroll="scrollType scrollSpeed", AllGameNode="GameNodeDict", Target="targetNode")
-NAMES.update(PickDownEvent="Enable_PickDown", PickUpEvent="Enable_PickUp", AutoImageSize="autosize")
-NAMES.update(SwitchImageDelay="imageSwitchDelay", SceneList="SceneJsonDict")
-NAMES.update(AutoSwitch="imageAutoSwitch", CollInfoVisible="coll_visible")
-NAMES.update(Checked="CheckValue", MaxCharCount="max_char_count", CursorPosition="cursorPos")
-NAMES.update(CurrFrameIndex="currActionFrameIndex", CurrFrame="currActionFrameIndex")
-NAMES.update(JumpState="isJumping", ImageFile_focusIn="image_focusIn_File")
-NAMES.update(CollRectArray="coll_rectArray")
+NAMES.update(ImageFile_focusIn="image_focusIn_File", CurrFrameIndex="currActionFrameIndex")
+NAMES.update(AutoScroll="scrollType scrollSpeed", SwitchImageDelay="imageSwitchDelay")
 NAMES.update(ImageFile_Hover="image_hover_File", ImageFile_Click="image_click_File")
+NAMES.update(CurrFrame="currActionFrameIndex", PickDownEvent="Enable_PickDown", Target="targetNode")
+NAMES.update(CollInfoVisible="coll_visible", CollRectArray="coll_rectArray", JumpState="isJumping")
+NAMES.update(MaxCharCount="max_char_count", AutoSwitch="imageAutoSwitch", SceneList="SceneJsonDict")
+NAMES.update(PickUpEvent="Enable_PickUp", AllGameNode="GameNodeDict", CursorPosition="cursorPos")
+NAMES.update(AutoImageSize="autosize", Checked="CheckValue")
 
 
 @pytest.mark.parametrize(("cls", "method", "names"), ACCESSORS)

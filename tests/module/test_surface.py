@@ -14,18 +14,15 @@ VALUES["g_pygameControl_BorderColor"] = pygame.Color(255, 0, 255)
 VALUES["g_pygameControl_CollColor"] = pygame.Color(0, 255, 255)
 VALUES.update(g_EngineAPI="Pygame", GUI_WINDOW_BGCOLOR=pygame.Color(128, 128, 128, 128))
 FUNCTIONS = "checkPtInRect checkRectInRect checkRectCollision tree_to_dict read_rect read_keyValue"
-BASES = dict.fromkeys("GameLayer GameNode PyGameResManager GAction".split(), "object")
-BASES.update(GUI_Image="GameNode", GUI_Label="GUI_Image", GUI_Button="GUI_Label")
-BASES.update(GameCharacter="GUI_Image", TiledMap="GameNode")
-BASES.update(GUI_CheckButton="GUI_Button", GUI_RadioButton="GUI_Button", GUI_Edit="GUI_Label")
-BASES.update(GUI_Text="GUI_Edit")
-BASES.update(dict.fromkeys("GUI_HProgressBar GUI_VProgressBar GUI_MsgBox".split(), "GUI_Label"))
-BARS = "GUI_Scale GUI_VScrollBar GUI_HScrollBar GUI_ListBox GUI_ComboBox GUI_Tree"
-BASES.update(dict.fromkeys(BARS.split(), "GUI_Image"), TreeItemNode="object")
-BASES.update(Particle="GUI_Image", ParticleEmitter="GameNode")
-ACTIONS = "ActionPlayer CallBackAction BlinkAction MoveToAction MoveByAction ScaleToAction"
-BASES.update(dict.fromkeys(ACTIONS.split(), "GAction"), ScaleByAction="GAction")
-BASES.update(RotateToAction="GAction", RotateByAction="GAction")
+BELOW = {"object": "GameLayer GameNode PyGameResManager GAction TreeItemNode"}
+BELOW["GameNode"] = "GUI_Image TiledMap ParticleEmitter"
+BELOW["GUI_Image"] = "GUI_Label GameCharacter Particle GUI_Scale GUI_VScrollBar GUI_HScrollBar"
+BELOW["GUI_Image"] += " GUI_ListBox GUI_ComboBox GUI_Tree"
+BELOW["GUI_Label"] = "GUI_Button GUI_Edit GUI_HProgressBar GUI_VProgressBar GUI_MsgBox"
+BELOW.update(GUI_Button="GUI_CheckButton GUI_RadioButton", GUI_Edit="GUI_Text")
+BELOW["GAction"] = "ActionPlayer CallBackAction BlinkAction MoveToAction"
+BELOW["GAction"] += " MoveByAction ScaleToAction ScaleByAction RotateToAction RotateByAction"
+BASES = {name: base for base, names in BELOW.items() for name in names.split()}
 
 
 def test_names_in_order():

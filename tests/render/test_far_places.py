@@ -1,7 +1,7 @@
 """Places, sizes and cameras that no screen holds: nothing is drawn and nothing breaks."""
 
 import pytest
-from helpers import kept_megabytes, outcomes
+from helpers import failures, kept_megabytes
 
 FAR = "[nan, inf, -inf, 1e300, -1e300, 1e30, 2.0**31, -2.0**31, 2**31, -(2**31), 2**40, 2**30 + 1]"
 PRELUDE = f"""
@@ -70,32 +70,25 @@ THINGS = {
 }
 
 
-def wrong(found):
-    return {name: how for name, how in found.items() if how != "fine"}
-
-
 @pytest.mark.parametrize("draw", ["draw_far", "draw_large"])
 def test_what_is_far_away_or_larger_than_any_memory(draw):
-    pieces = {name: f"{draw}({make})" for name, make in THINGS.items()}
-    assert wrong(outcomes(pieces, PRELUDE)) == {}
+    assert failures({name: f"{draw}({make})" for name, make in THINGS.items()}, PRELUDE) == {}
 
 
-SHAPES = {"Point": "far, 5", "Line": "5, 5, far, 30", "Rect": "5, 5, far, far"}
-SHAPE = """
-layer = T.GameLayer()
+SHAPES = """
 for far in FAR:
-    layer.Add{}("shape", 1, {})
-    try:
-        layer.draw(screen)
-    except (TypeError, ValueError, OverflowError):
-        pass
-    layer.Del{}(0)
+    for kind, place in (("Point", (far, 5)), ("Line", (5, 5, far, 30)), ("Rect", (5, 5, far, far))):
+        layer = T.GameLayer()
+        getattr(layer, "Add" + kind)("shape", 1, *place)
+        try:
+            layer.draw(screen)
+        except (TypeError, ValueError, OverflowError):
+            pass
 """
 
 
 def test_debug_shapes():
-    pieces = {kind: SHAPE.format(kind, place, kind) for kind, place in SHAPES.items()}
-    assert wrong(outcomes(pieces, PRELUDE)) == {}
+    assert failures({"debug shapes": SHAPES}, PRELUDE) == {}
 
 
 # The megabytes that finished pictures may take.
