@@ -122,15 +122,10 @@ def mutant(rng, contents):
     data = bytearray(b"".join(b">" + v + b"<" if i % 2 else v for i, v in enumerate(values)))
     for _ in range(rng.choice([0, 0, 1, 3])):
         at, length = rng.randrange(len(data)), rng.randint(1, 40)
-        act = rng.randrange(4)
-        if act == 0:
-            data[at] = rng.randrange(256)
-        elif act == 1:
-            del data[at : at + length]
-        elif act == 2:
-            data[at:at] = data[at : at + length]
-        else:
-            data[at : at + rng.randint(0, 5)] = rng.choice(WORDS)
+        cases = [(bytes([rng.randrange(256)]), 1), (data[at : at + length], 0), (b"", length)]
+        cases += [(rng.choice(WORDS), rng.randint(0, 5))]
+        piece, length = rng.choice(cases)
+        data[at : at + length] = piece
     return bytes(data)
 
 
