@@ -9,27 +9,10 @@ import Tessora as T
 from helpers import Recorder
 
 
-class Res:
-    """Hands out pictures of 10 x 6 pixels by name, and notes what is asked for."""
-
-    def __init__(self):
-        self.loaded, self.sounds = [], []
-        self.pictures = {}
-
-    def LoadImage(self, name):
-        self.loaded.append(name)
-        picture = pygame.Surface((10, 6), pygame.SRCALPHA)
-        picture.fill((200, 100, 50))
-        picture.set_at((0, 0), (1, 2, 3))
-        return self.pictures.setdefault(name, picture)
-
-    def PlaySound(self, name):
-        self.sounds.append(name)
-
-
+# Hands out a picture of 10 x 6 pixels, and notes what is asked for.
 @pytest.fixture
 def res(monkeypatch, screen):
-    res = Res()
+    res = Recorder(LoadImage=pygame.Surface((10, 6), pygame.SRCALPHA))
     monkeypatch.setattr(T, "Res", res)
     return res
 
@@ -128,7 +111,7 @@ def test_playing_sets_everything_up(res):
     expected = {"sx": 2, "sy": 3, "imageAnchor": "center", "style": "hollow", "autosize": True}
     expected.update(width=10, height=6, x=0, y=0)
     assert {name: getattr(parts[0], name) for name in expected} == expected
-    assert res.loaded == ["a.png", "b.png"]
+    assert res.calls == [("LoadImage", ("a.png",)), ("LoadImage", ("b.png",))]
     part = parts[0]
     character.PlayAction("walk")
     assert part not in character.children and len(character.children) == 2
@@ -216,7 +199,7 @@ def test_values_of_a_key_frame_reach_the_part(res):
     expected.update(x=3, y=4, sx=2, sy=0.5, angle=30, bgColor=pygame.Color(1, 2, 3, 4))
     part = character.imageDict[0]
     assert {name: getattr(part, name) for name in expected} == expected
-    assert (res.sounds, called) == (["a.wav"], [character])
+    assert (res.calls.count(("PlaySound", ("a.wav",))), called) == (1, [character])
 
 
 def test_what_happens_at_once_happens_when_a_frame_is_entered(res, capsys):
@@ -226,7 +209,8 @@ def test_what_happens_at_once_happens_when_a_frame_is_entered(res, capsys):
     character.SetKeyFrame_CBFunction("walk", 1, called.append)
     character.PlayAction("walk", True)
     indexes(character, [0.25] * 4)
-    assert (res.sounds, res.loaded, called) == (["a.wav"], ["a.png"], [character])
+    assert sorted(res.calls) == [("LoadImage", ("a.png",)), ("PlaySound", ("a.wav",))]
+    assert called == [character]
     assert capsys.readouterr().out == "PlaySound:a.wav\n"
     character.imageDict[0].SetXY(70, 70)
     character.update(0)
@@ -279,11 +263,6 @@ def test_only_values_of_both_neighbours_are_mixed(res):
     assert places == [0, 0, 0, 40, 40]
 
 
-def removes_parts(character):
-    character.RemoveAllChildren()
-    character.imageDict.clear()
-
-
 # What a callback does, and how often those of the frame (two parts have one) and of the end are
 # then called in three updates.
 CALLBACKS = {
@@ -292,7 +271,7 @@ CALLBACKS = {
     "deletes the action": (lambda c: c.DelAction("walk"), 1, 1),
     "deletes all": (lambda c: c.CleanUpAction(), 1, 1),
     "is destroyed": (lambda c: c.OnDestroy(), 4, 1),
-    "removes parts": (removes_parts, 2, 1),
+    "removes parts": (lambda c: (c.RemoveAllChildren(), c.imageDict.clear()), 2, 1),
     "stops": (lambda c: c.StopAction(), 2, 1),
     "no attributes": (lambda c: vars(c).clear(), 2, 1),
 }

@@ -108,21 +108,16 @@ def test_the_emission_ends_at_its_duration():
 
 @pytest.mark.parametrize(
     ("values", "error"),
-    [
-        ({"EmissionRate": 0}, ZeroDivisionError),
-        ({"EmissionRate": "fast"}, TypeError),
-        ({"EmitCounter": float("inf"), "AddParticle": lambda: None}, OverflowError),
-        ({"EmissionRate": -1, "AddParticle": lambda: None}, OverflowError),
-    ],
+    [({"EmissionRate": 0}, ZeroDivisionError), ({"EmissionRate": "fast"}, TypeError)]
+    + [({"EmitCounter": float("inf")}, OverflowError), ({"EmissionRate": -1}, OverflowError)],
     ids=["no rate", "a text", "endless", "backwards"],
 )
 def test_emission_that_cannot_be(values, error):
     emitter = T.ParticleEmitter(None)
+    emitter.AddParticle = lambda: None
     emitter.Run()
-    for name, value in values.items():
-        setattr(emitter, name, value)
-    with pytest.raises(error):
-        emitter.update(0.5)
+    vars(emitter).update(values)
+    pytest.raises(error, emitter.update, 0.5)
 
 
 def test_random_numbers_come_from_random_ab_in_order(monkeypatch):

@@ -123,15 +123,9 @@ def test_overridden_setters_are_called_in_order():
     particle = Mine(None)
     particle.update(5.0)
     particle.UpdateGravity(0.5, Vector2(2, 4))
-    assert calls == [
-        ("IsDead",),
-        ("SetWidth", 20.0),
-        ("SetHeight", 20.0),
-        ("SetBGColor", 128, 128, 128, 128),
-        ("SetAngle", 0.0),
-        ("SetX", 0.5),
-        ("SetY", 1.0),
-    ]
+    expected = [("IsDead",), ("SetWidth", 20.0), ("SetHeight", 20.0)]
+    expected += [("SetBGColor", 128, 128, 128, 128), ("SetAngle", 0.0)]
+    assert calls == [*expected, ("SetX", 0.5), ("SetY", 1.0)]
     assert particle.Direction == (1, 2)
 
 

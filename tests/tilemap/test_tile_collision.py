@@ -23,28 +23,17 @@ def figure(left, top, width=SIDE, height=SIDE):
 
 
 ROOM = ("#####", "#...#", "#...#", "#####")
+IN_ROOM = [((64, 64), (0, 0), (False, False)), ((64, 64), (5, 0), (False, False))]
+IN_ROOM += [((64, 60), (0, 4), (False, False)), ((64, 60), (0, 4.5), (False, True))]
+IN_ROOM += [((64, 60), (0, 0.5), (False, False)), ((96, 64), (0.25, 0), (True, False))]
+IN_ROOM += [((96, 64), (1, 1), (True, True)), ((96, 40), (1, 10), (True, False))]
+IN_ROOM += [((32, 64), (-0.5, 0), (True, False)), ((33, 64), (-1, 0), (False, False))]
+IN_ROOM += [((64, 32), (0, -3), (False, True)), ((64, 40), (-3, -8), (False, False))]
+IN_ROOM += [((64, 64), (10**9, 0), (True, False)), ((64, 64), (True, False), (False, False))]
+IN_ROOM += [((96, 64), (float("nan"), 1), (False, True))]
 
 
-@pytest.mark.parametrize(
-    ("place", "move", "answer"),
-    [
-        ((64, 64), (0, 0), (False, False)),
-        ((64, 64), (5, 0), (False, False)),
-        ((64, 60), (0, 4), (False, False)),
-        ((64, 60), (0, 4.5), (False, True)),
-        ((64, 60), (0, 0.5), (False, False)),
-        ((96, 64), (0.25, 0), (True, False)),
-        ((96, 64), (1, 1), (True, True)),
-        ((96, 40), (1, 10), (True, False)),
-        ((32, 64), (-0.5, 0), (True, False)),
-        ((33, 64), (-1, 0), (False, False)),
-        ((64, 32), (0, -3), (False, True)),
-        ((64, 40), (-3, -8), (False, False)),
-        ((64, 64), (10**9, 0), (True, False)),
-        ((64, 64), (True, False), (False, False)),
-        ((96, 64), (float("nan"), 1), (False, True)),
-    ],
-)
+@pytest.mark.parametrize(("place", "move", "answer"), IN_ROOM)
 def test_a_figure_of_one_cell_in_a_room(place, move, answer):
     assert level(*ROOM).checkCollision(figure(*place), *move) == answer
 
@@ -92,8 +81,7 @@ def step(tilemap, node, move_x, move_y):
 def test_a_walk_ends_at_the_wall_and_the_way_back_is_free(speed, direction):
     tilemap, node = level(*ROOM), figure(64, 64)
     for _ in range(4000):
-        stopped, _ = step(tilemap, node, direction * speed, 5)
-        if stopped:
+        if step(tilemap, node, direction * speed, 5)[0]:
             break
     gap = 96 - node.x if direction > 0 else node.x - 32
     # Rectangles hold whole pixels: less than one may be lost on either side.

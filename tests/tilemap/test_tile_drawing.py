@@ -56,7 +56,7 @@ def test_cells_show_their_nodes_and_leave_them_as_a_full_walk_does(
     tilemap.Tile_Array[:] = [rng.randrange(-1, 3) for _ in tilemap.Tile_Array]
     expected = reference(screen)
     try:
-        draw_cells_plainly(tilemap, twins, expected, camera)
+        draw_cells_plainly(tilemap, twins.__getitem__, expected, camera)
     except ValueError:
         with pytest.raises(ValueError):
             tilemap.draw(screen, *camera)
@@ -76,10 +76,8 @@ def test_the_scene_is_asked_for_every_tile_in_order(screen):
 
 def test_nodes_of_scripts_get_place_and_camera_as_they_are(screen):
     node = Recorder()
-    tilemap = fill(make_map([node], x=10, y=2.5), [-1] * 6 + [0])
-    tilemap.Tile_Array += [-1] * 5
-    parent = T.GameNode(None, 100, 100)
-    tilemap.SetParent(parent)
+    tilemap = fill(make_map([node], x=10, y=2.5), [-1] * 6 + [0] + [-1] * 5)
+    tilemap.SetParent(T.GameNode(None, 100, 100))
     tilemap.draw(screen, 1, 2, 2.0)
     assert node.calls == [("SetXY", (32, 16)), ("draw", (screen, 21.0, 7.0, 2.0))]
     assert [type(part) for part in node.calls[0][1]] == [int, int]
@@ -114,12 +112,7 @@ def test_a_look_up_may_change_the_node_every_time(screen, act):
     tilemap.Tile_Array[:] = [index % 2 for index in range(500)]
     expected = reference(screen)
     twin = Meddler([tile(1), tile(2)], act)
-
-    class Asking:
-        def __getitem__(self, index):
-            return twin.GetLayerResNode(index)
-
-    draw_cells_plainly(tilemap, Asking(), expected, (-30, -20, 1.0))
+    draw_cells_plainly(tilemap, twin.GetLayerResNode, expected, (-30, -20, 1.0))
     tilemap.draw(screen, -30, -20, 1.0)
     assert_same(screen, expected)
     assert places_of(tilemap.sceneInstance.nodes) == places_of(twin.nodes)
