@@ -3,7 +3,7 @@
 import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder, ink
+from helpers import Recorder, ink, make_node
 
 RED, GREEN, BLUE = (255, 0, 0, 255), (0, 255, 0, 255), (0, 0, 255, 255)
 CYAN = (0, 255, 255, 255)
@@ -120,13 +120,12 @@ def test_a_press_on_a_part_is_one_on_the_character(screen, capsys):
 
 
 def test_a_character_may_take_presses_for_its_parts(screen):
-    character, pressed = figure((0, 0)), []
-    character.SetPickDownFunction(pressed.append)
+    character = figure((0, 0))
+    character.SetPickDownFunction(lambda node: 1 / 0)
     character.SetCheckPickDownChild(False)
     character.draw(screen)
     assert character.OnPickDownFunction(5, 5) is character
-    assert (pressed, character.clicked) == ([], False)
-    assert character.PickedPartObj is character.imageDict[0]
+    assert character.PickedPartObj is character.imageDict[0] and not character.clicked
 
 
 def test_a_child_that_is_no_part_takes_its_press_itself(screen):
@@ -148,19 +147,16 @@ def test_the_size_is_that_of_the_parts_or_of_the_rectangles():
 
 
 def test_collisions_are_those_of_the_rectangles():
-    character = figure((0, 0))
+    character, layer = figure((0, 0)), T.GameLayer()
     character.SetKeyFrame_RectList("stand", 0, [(0, 0, 5, 5), (20, 0, 5, 5)])
     character.updateFrames(0)
-    wall = T.GUI_Image(None, 10, 0)
-    wall.width = wall.height = 5
-    assert not character.checkCollision(wall) and character.checkCollision(wall, 6)
-    rect = pygame.Rect(10, 0, 5, 5)
-    assert not character.checkEventRectCollision(rect) and rect == (10, 0, 5, 5)
-    assert character.checkEventRectCollision(rect, -6)
-    layer = T.GameLayer()
     character.SetCollision(1, None)
     layer.AddGameNode(character)
-    assert not layer.checkCollision(wall) and layer.checkCollision(wall, 6)
+    wall, rect = make_node(None, x=10, width=5, height=5), pygame.Rect(10, 0, 5, 5)
+    for collides in (character.checkCollision, layer.checkCollision):
+        assert not collides(wall) and collides(wall, 6)
+    assert not character.checkEventRectCollision(rect) and rect == (10, 0, 5, 5)
+    assert character.checkEventRectCollision(rect, -6)
 
 
 def test_the_player_is_told_to_the_scene():
@@ -214,13 +210,8 @@ def test_game_variables():
 
 @pytest.mark.parametrize(("immediate", "count"), [(True, 0), (False, 7)])
 def test_a_layer_sets_the_variables_of_a_waiting_character(screen, immediate, count):
-    heard = []
-
-    class Hero(T.GameCharacter):
-        def SetCharacterBindingVar(self, name, value):
-            heard.append((name, value))
-
-    layer, hero = T.GameLayer(), Hero()
+    layer, hero, heard = T.GameLayer(), T.GameCharacter(), []
+    hero.SetCharacterBindingVar = lambda *variable: heard.append(variable)
     layer.AddGameNode(hero, immediate)
     layer.draw(screen)
     assert heard == list(hero.CharacterBindingVarArray.items())[:count]

@@ -80,10 +80,8 @@ def test_a_marker_in_one_component_is_the_whole_colours(folder, key):
 
 def test_without_resources(monkeypatch):
     monkeypatch.setattr(T, "Res", None)
-    emitter = T.ParticleEmitter(None)
     with pytest.raises(AttributeError, match="effect.plist"):
-        emitter.LoadFromFile("effect.plist")
-    assert emitter.ParticleTotal == 0
+        T.ParticleEmitter(None).LoadFromFile("effect.plist")
 
 
 DAMAGED = {
@@ -243,8 +241,7 @@ def test_data_by_name(name):
         emitter.SetData(dataname=name, datavalue="bEGIN")
         assert getattr(emitter, name) == "Begin"
     else:
-        with pytest.raises(ValueError):
-            emitter.SetData(name, "Begin")
+        pytest.raises(ValueError, emitter.SetData, name, "Begin")
 
 
 def test_other_data_by_name():
@@ -274,13 +271,11 @@ def test_colours_by_name():
     emitter.SetData("EndColorG", "9")
     assert emitter.EndColor == (1, 9, 3, 4)
     for value in (256, -1, "red"):
-        with pytest.raises(ValueError):
-            emitter.SetData("BeginColorR", value)
+        pytest.raises(ValueError, emitter.SetData, "BeginColorR", value)
 
 
 def test_a_resource_manager_of_a_scripts_own(monkeypatch, folder):
-    path = write(folder, {"Life": 5})
-    monkeypatch.setattr(T, "Res", Recorder(GetResPath=path))
+    monkeypatch.setattr(T, "Res", Recorder(GetResPath=write(folder, {"Life": 5})))
     emitter = T.ParticleEmitter(None)
     emitter.LoadFromFile("anything")
     assert emitter.Life == 5 and T.Res.calls == [("GetResPath", ("anything",))]

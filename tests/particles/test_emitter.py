@@ -236,9 +236,10 @@ def test_thousands_die_in_one_frame(screen):
 
 def test_the_dead_leave_before_a_script_may_look(screen):
     emitter, counts = full(4, Life=5.0, LifeVar=0), []
-    emitter.ParticleArray[-1].SetBeginLife(90)
-    emitter.ParticleArray[-1].drawimage = None
-    emitter.ParticleArray[-1].draw = lambda *args: counts.append(len(emitter.ParticleArray))
+    last = emitter.ParticleArray[-1]
+    last.SetBeginLife(90)
+    last.drawimage = None
+    last.draw = lambda *args: counts.append(len(emitter.ParticleArray))
     emitter.update(1.0)
     emitter.draw(screen)
     assert counts == [1] and state(emitter) == (1, 1)

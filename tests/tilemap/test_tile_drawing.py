@@ -179,11 +179,11 @@ def test_none_is_no_node(screen, look_up):
     fill(make_map(scene=stage), [0] * 12).draw(screen, 0, 0, 1.0)
 
 
-@pytest.mark.parametrize(
-    ("array", "error"),
-    [([0] * 11, IndexError), ([0] * 11 + [1], IndexError), ([0] * 11 + [2**70], IndexError)]
-    + [([0, None] * 6, TypeError), ((), IndexError), (None, TypeError)],
-)
+UNFIT = [([0] * 11, IndexError), ([0] * 11 + [1], IndexError), ([0] * 11 + [2**70], IndexError)]
+UNFIT += [((), IndexError), ([0, None] * 6, TypeError), (None, TypeError)]
+
+
+@pytest.mark.parametrize(("array", "error"), UNFIT)
 @pytest.mark.parametrize("stage", [Stage, QuietStage])
 def test_arrays_that_do_not_fit_are_ordinary_errors(screen, array, error, stage):
     tilemap = make_map(scene=stage([tile(1)]), x=-500)
