@@ -36,14 +36,13 @@ TRACKS.update(RectList=[(1, 2, 3, 4)], TileBlock=[[0, 1]])
 
 @pytest.mark.parametrize("track", TRACKS)
 def test_a_track_is_set_read_and_unset(track):
-    character = T.GameCharacter()
-    character.AddAction("walk")
+    character, value = hero(0), TRACKS[track]
     write, read = [getattr(character, f"{verb}KeyFrame_{track}") for verb in ("Set", "Get")]
-    write("walk", 2, TRACKS[track], 1)
-    assert read("walk", 2, 1) is TRACKS[track]
-    assert (read("walk", 2), read("walk", 1, 1), read("run", 2, 1)) == (None, None, None)
-    assert read(None, 2, 1) is None
-    frame = {"ChangeMode": 0, "Parts": {1: {track: TRACKS[track]}}}
+    write("walk", 2, value, 1)
+    assert read("walk", 2, 1) is value
+    others = [("walk", 2), ("walk", 1, 1), ("run", 2, 1), (None, 2, 1)]
+    assert [read(*place) for place in others] == [None] * 4
+    frame = {"ChangeMode": 0, "Parts": {1: {track: value}}}
     assert character.ActionArray == {"walk": {2: frame}}
     write("walk", 2, None, partIndex=1)
     assert read("walk", 2, 1) is None
@@ -155,21 +154,18 @@ def test_an_action_stops_on_its_last_frame_that_it_enters_once(res, frames, show
     assert (entered, ended, character.ActionPlaying) == ([character], [{"a": 1}], False)
 
 
-def test_a_loop_begins_again_and_calls_each_time(res):
+def test_a_loop_begins_again_and_calls_each_time_with_the_parameters(res):
     character, ended = hero(2), []
-    character.PlayAction("walk", True, lambda: ended.append(character.currActionFrameIndex))
+
+    def end(**params):
+        ended.append((character.currActionFrameIndex, params.pop("a")))
+
+    character.PlayAction("walk", True, end, a=1)
     assert indexes(character, [0.5] * 5) == [1, 0, 1, 0, 1]
-    assert ended == [2, 2]
+    assert ended == [(2, 1), (2, 1)]
     character.PlayAction("walk", 1)
     character.ActionLoop = 2
     assert indexes(character, [0.5] * 3) == [1, 1, 1]
-
-
-def test_the_parameters_of_the_end_are_handed_over_as_a_copy(res):
-    character = hero(1)
-    character.PlayAction("walk", True, lambda **params: params.clear(), a=1)
-    indexes(character, [0.5] * 2)
-    assert character.currActionEndCallBackParams == {"a": 1}
 
 
 def test_the_end_may_start_another_action(res):
