@@ -47,22 +47,20 @@ def fill(tilemap, *rows):
 
 
 # What a walk over all cells does, call by call.
-def draw_cells_plainly(tilemap, nodes, screen, camera):
+def draw_cells_plainly(tilemap, look_up, screen, camera):
     offset_x, offset_y, scale = camera
     wide, high = tilemap.Tile_Width, tilemap.Tile_Height
-    index = 0
-    for row in range(tilemap.Tile_Row):
-        for column in range(tilemap.Tile_Cow):
-            if tilemap.Tile_Array[index] >= 0:
-                node = nodes[tilemap.Tile_Array[index]]
-                if tilemap.ViewType == 0:
-                    node.SetXY(column * wide, row * high)
-                else:
-                    across, down = wide * 0.5, high * 0.5
-                    node.SetXY((row + column) * across, (row - column) * down - down)
-                left, top = tilemap.x * scale + offset_x, tilemap.y * scale + offset_y
-                node.draw(screen, left, top, scale)
-            index += 1
+    across, down = wide * 0.5, high * 0.5
+    left, top = tilemap.x * scale + offset_x, tilemap.y * scale + offset_y
+    for index, content in enumerate(tilemap.Tile_Array):
+        row, column = divmod(index, tilemap.Tile_Cow)
+        if content >= 0:
+            node = look_up(content)
+            if tilemap.ViewType == 0:
+                node.SetXY(column * wide, row * high)
+            else:
+                node.SetXY((row + column) * across, (row - column) * down - down)
+            node.draw(screen, left, top, scale)
 
 
 def look(screen):

@@ -3,15 +3,16 @@
 import pygame
 import pytest
 import Tessora as T
-from helpers import Recorder
+from helpers import Recorder, ink, make_node
 
-RED, BLUE = (255, 0, 0, 255), (0, 0, 255, 255)
+RED, GREEN, BLUE = (255, 0, 0, 255), (0, 255, 0, 255), (0, 0, 255, 255)
+CYAN = (0, 255, 255, 255)
 
 
 def picture(color=RED, size=(20, 30)):
     surface = pygame.Surface(size, pygame.SRCALPHA)
     surface.fill(color)
-    surface.fill((0, 255, 0), (0, 0, 5, 5))
+    surface.fill(GREEN, (0, 0, 5, 5))
     return surface
 
 
@@ -31,10 +32,7 @@ def figure(*places, **values):
 def ink_of(character, screen):
     screen.fill((0, 0, 0))
     character.draw(screen)
-    screen.set_colorkey((0, 0, 0))
-    box = screen.get_bounding_rect()
-    screen.set_colorkey(None)
-    return tuple(box)
+    return ink(screen)
 
 
 def test_a_character_draws_its_parts_and_no_background(screen):
@@ -61,18 +59,17 @@ def test_the_offset_shifts_what_is_drawn(screen):
 )
 def test_flips_mirror_the_pictures(screen, method, corner):
     character = figure((0, 0))
-    flip, part = getattr(character, method), character.imageDict[0]
-    green = (0, 255, 0, 255)
-    assert part.image.get_at((0, 0)) == green and part.image.get_at(corner) == RED
-    flip(True)
-    flip(True)
-    assert part.image.get_at((0, 0)) == RED and part.image.get_at(corner) == green
-    character.PlayAction("stand")
-    assert character.imageDict[0].image.get_at(corner) == green
-    flip(False)
-    assert character.imageDict[0].image.get_at((0, 0)) == green
-    flip(2)
-    assert character.imageDict[0].image.get_at((0, 0)) == green
+    flip = getattr(character, method)
+
+    def corners():
+        return [character.imageDict[0].image.get_at(place) for place in ((0, 0), corner)]
+
+    for act in (lambda: flip(True), lambda: flip(True), lambda: character.PlayAction("stand")):
+        act()
+        assert corners() == [RED, GREEN]
+    for flag in (False, 2):
+        flip(flag)
+        assert corners() == [GREEN, RED]
 
 
 def test_a_copy_has_actions_and_parts_of_its_own(screen):
@@ -100,15 +97,13 @@ def test_the_anchor_moves_with_the_parts():
 
 def test_rectangles_are_outlined_over_the_parts(screen):
     character = figure((0, 0), x=10)
-    cyan = (0, 255, 255, 255)
     character.SetKeyFrame_RectList("stand", 0, [(2, 3, 8, 9)])
     character.updateFrames(0)
-    character.draw(screen)
-    assert screen.get_at((12, 3)) == cyan and screen.get_at((19, 11)) == cyan
-    assert screen.get_at((14, 6)) == RED
-    character.SetRectListVisible(False)
-    character.draw(screen)
-    assert screen.get_at((12, 8)) == RED
+    places = ((12, 3), (19, 11), (14, 6), (12, 8))
+    for shown, colors in ((True, [CYAN, CYAN, RED, CYAN]), (False, [GREEN, RED, RED, RED])):
+        character.SetRectListVisible(shown)
+        character.draw(screen)
+        assert [screen.get_at(place) for place in places] == colors
 
 
 def test_a_press_on_a_part_is_one_on_the_character(screen, capsys):
@@ -121,17 +116,16 @@ def test_a_press_on_a_part_is_one_on_the_character(screen, capsys):
     assert (pressed, character.clicked) == ([(character, False)], True)
     assert capsys.readouterr().out == "collidepoint\n"
     assert character.OnPickDownFunction(500, 5) is None
-    assert (character.GetPickedPartObj(), character.GetPickedPartObjIndex()) == (None, -1)
+    assert (character.PickedPartObj, character.GetPickedPartObjIndex()) == (None, -1)
 
 
 def test_a_character_may_take_presses_for_its_parts(screen):
-    character, pressed = figure((0, 0)), []
-    character.SetPickDownFunction(pressed.append)
+    character = figure((0, 0))
+    character.SetPickDownFunction(lambda node: 1 / 0)
     character.SetCheckPickDownChild(False)
     character.draw(screen)
     assert character.OnPickDownFunction(5, 5) is character
-    assert (pressed, character.clicked) == ([], False)
-    assert character.PickedPartObj is character.imageDict[0]
+    assert character.PickedPartObj is character.imageDict[0] and not character.clicked
 
 
 def test_a_child_that_is_no_part_takes_its_press_itself(screen):
@@ -146,52 +140,44 @@ def test_the_size_is_that_of_the_parts_or_of_the_rectangles():
     assert T.GameCharacter(None, 3, 4).GetSizeRect() == (3, 4, 100, 100)
     character = figure((10, 10), (40, 0), x=3)
     assert character.GetSizeRect() == (13, 0, 50, 40)
-    character.SetKeyFrame_RectList("stand", 0, [(2, 3, 8, 9)], 0)
-    character.SetKeyFrame_RectList("stand", 0, [[20, 3, 8, 9]], 1)
+    for part, left in ((0, 2), (1, 20)):
+        character.SetKeyFrame_RectList("stand", 0, [(left, 3, 8, 9)], part)
     character.updateFrames(0)
     assert character.GetSizeRect() == (5, 3, 26, 9)
 
 
 def test_collisions_are_those_of_the_rectangles():
-    character = figure((0, 0))
+    character, layer = figure((0, 0)), T.GameLayer()
     character.SetKeyFrame_RectList("stand", 0, [(0, 0, 5, 5), (20, 0, 5, 5)])
     character.updateFrames(0)
-    wall = T.GUI_Image(None, 10, 0)
-    wall.width = wall.height = 5
-    assert not character.checkCollision(wall) and character.checkCollision(wall, 6)
-    rect = pygame.Rect(10, 0, 5, 5)
-    assert not character.checkEventRectCollision(rect) and rect == (10, 0, 5, 5)
-    assert character.checkEventRectCollision(rect, -6)
-    layer = T.GameLayer()
     character.SetCollision(1, None)
     layer.AddGameNode(character)
-    assert not layer.checkCollision(wall) and layer.checkCollision(wall, 6)
+    wall, rect = make_node(None, x=10, width=5, height=5), pygame.Rect(10, 0, 5, 5)
+    for collides in (character.checkCollision, layer.checkCollision):
+        assert not collides(wall) and collides(wall, 6)
+    assert not character.checkEventRectCollision(rect) and rect == (10, 0, 5, 5)
+    assert character.checkEventRectCollision(rect, -6)
 
 
 def test_the_player_is_told_to_the_scene():
     character, scene = T.GameCharacter(), Recorder()
     character.SetPlayer()
-    assert character.IsPlayer() is True
+    assert character.isPlayer is True
     character.OnLoad(scene)
     character.SetPlayer()
     character.UnsetPlayer()
     assert scene.calls == [("SetPlayer", (character,)), ("SetPlayer", (None,))]
-    assert character.IsPlayer() is False
+    assert character.isPlayer is False
 
 
 def test_jumps():
     character = T.GameCharacter()
-    character.Jump()
-    assert (character.GetDropSpeed(), character.IsJumpState(), character.IsUpState()) == (
-        0,
-        True,
-        False,
-    )
-    character.Jump(-12)
-    assert (character.dropSpeed, character.IsUpState()) == (-12, True)
+    assert character.IsUpState() is False
     character.SetCharacterBindingVar("jumpspeed", -5)
-    character.Jump(jumpspeed=None)
-    assert character.dropSpeed == -5
+    character.Jump()
+    assert (character.dropSpeed, character.isJumping, character.IsUpState()) == (-5, True, True)
+    character.Jump(jumpspeed=-12)
+    assert character.dropSpeed == -12
     character.StopJump()
     assert (character.dropSpeed, character.isJumping) == (0, False)
 
@@ -205,34 +191,27 @@ def test_movement():
     assert first == [1.0, -1.0] and character.isMoveState() is True
     character.Move_Left()
     character.Move_Down()
-    assert first == [-1.0, 1.0]
     character.StopMove()
     assert (character.moveDir, first) == ([0, 0], [-1.0, 1.0])
     character.Dead()
-    assert character.IsDead() is True
+    assert character.isDead is True
 
 
 def test_game_variables():
     character = T.GameCharacter()
-    character.SetCharacterBindingVar("life", 3)
-    character.SetCharacterBindingVar("coins", 0)
-    assert character.GetCharacterBindingVar("life") == 3
-    character.DelCharacterBindingVar("coins")
-    pytest.raises(KeyError, character.GetCharacterBindingVar, "coins")
     table = character.GetCharacterBindingVarArray()
+    character.SetCharacterBindingVar("life", 3)
+    assert table["life"] == character.GetCharacterBindingVar("life") == 3
+    character.DelCharacterBindingVar("life")
+    pytest.raises(KeyError, character.GetCharacterBindingVar, "life")
     character.CleanUpCharacterBindingVar()
     assert character.CharacterBindingVarArray is table == {}
 
 
 @pytest.mark.parametrize(("immediate", "count"), [(True, 0), (False, 7)])
 def test_a_layer_sets_the_variables_of_a_waiting_character(screen, immediate, count):
-    heard = []
-
-    class Hero(T.GameCharacter):
-        def SetCharacterBindingVar(self, name, value):
-            heard.append((name, value))
-
-    layer, hero = T.GameLayer(), Hero()
+    layer, hero, heard = T.GameLayer(), T.GameCharacter(), []
+    hero.SetCharacterBindingVar = lambda *variable: heard.append(variable)
     layer.AddGameNode(hero, immediate)
     layer.draw(screen)
     assert heard == list(hero.CharacterBindingVarArray.items())[:count]

@@ -11,9 +11,11 @@ import Tessora as T
 sys.path.append(str(Path(__file__).resolve().parents[2]))
 from benchmarks import plain_particles  # noqa: E402
 
-PRESETS = ["Comet", "Galaxy", "Explosion", "Flower", "Sun", "Rain", "Snow", "Smoke", "Fire"]
-PRESETS += ["FireWork"]
+PRESETS = "Comet Galaxy Explosion Flower Sun Rain Snow Smoke Fire FireWork".split()
 NAMES = list(vars(plain_particles.Particle(None)))[1:]
+BASES = "BeginSize EndSize BeginAngle EndAngle BeginRadius EndRadius ParticleX ParticleY Direction"
+BASES += " Speed RotateSpeed Radialaccel Tangentialaccel"
+PARAMETERS = {name + var for name in BASES.split() for var in ("", "Var")}
 MARKED = ("EndSize", "EndSizeVar", "EndAngle", "EndAngleVar", "EndRadius", "EndRadiusVar")
 NUMBERS = [0, 1, 2.5, -3, 40.0, 250.5, -90, 12]
 
@@ -36,13 +38,6 @@ def random_emitter(seed):
     emitter.EmissionRate = rng.choice([30, 61.0, 1000])
     emitter.Run()
     return emitter
-
-
-PARAMETERS = {name for row in ("Size", "Angle", "Radius") for name in (row, row + "Var")}
-PARAMETERS = {begin + name for begin in ("Begin", "End") for name in PARAMETERS}
-for base in ("ParticleX", "ParticleY", "Direction", "Speed", "RotateSpeed", "Radialaccel"):
-    PARAMETERS |= {base, base + "Var"}
-PARAMETERS |= {"Tangentialaccel", "TangentialaccelVar"}
 
 
 def preset(name):

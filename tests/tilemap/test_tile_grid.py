@@ -9,39 +9,27 @@ import Tessora as T
 from tile_stage import make_map
 
 INFINITE, NAN = float("inf"), float("nan")
-OWN = "LayerName ViewType Tile_Cow Tile_Row Tile_Width Tile_Height Tile_Visible Tile_Color".split()
 
 
 def test_attributes_follow_those_of_a_node_in_order():
-    values = vars(T.TiledMap(None, 3, 4))
-    assert list(values)[: len(vars(T.GameNode(None)))] == list(vars(T.GameNode(None)))
-    assert list(values)[-11:] == [*OWN, "Tile_Array", "Coll_Array", "Coll_Dict"]
     white = pygame.Color(255, 255, 255, 255)
-    assert [values[name] for name in OWN] == [None, 0, 20, 20, 64, 64, True, white]
-    assert values["Tile_Array"] == [-1] * 400
-    assert values["Coll_Array"] == [False] * 400
-    assert (values["NodeType"], values["x"], values["y"], values["Coll_Dict"]) == (
-        "TiledMap",
-        3,
-        4,
-        {},
-    )
+    own = {"LayerName": None, "ViewType": 0, "Tile_Cow": 20, "Tile_Row": 20, "Tile_Width": 64}
+    own.update(Tile_Height=64, Tile_Visible=True, Tile_Color=white, Tile_Array=[-1] * 400)
+    own.update(Coll_Array=[False] * 400, Coll_Dict={})
+    expected = {**vars(T.GameNode(None, 3, 4)), "NodeType": "TiledMap", **own}
+    assert list(vars(T.TiledMap(None, 3, 4)).items()) == list(expected.items())
 
 
 def test_the_shape_is_set_rows_first_and_told_type_first():
     tilemap = T.TiledMap(None)
     arrays = tilemap.GetTileArray(), tilemap.Coll_Array, tilemap.Coll_Dict
     tilemap.Tile_Array[3], tilemap.Coll_Dict[1] = 7, [(0, 0)]
-    assert not tilemap.IsEmpty()
-    assert tilemap.GetTileObjectCount() == 1
     tilemap.SetTiledMapInfo(LayerName="a", Row=3, Cow=5, TileW=32, TileH=16, ViewType=0)
     assert tilemap.GetTiledMapInfo() == [0, 3, 5, 32, 16]
     assert tilemap.LayerName == "a"
     now = tilemap.GetTileArray(), tilemap.Coll_Array, tilemap.Coll_Dict
     assert all(a is b for a, b in zip(arrays, now)), "the lists are cleared in place"
     assert now == ([-1] * 15, [False] * 15, {})
-    assert tilemap.IsEmpty()
-    assert tilemap.GetTileObjectCount() == 0
 
 
 def test_a_subclass_may_replace_what_the_constructor_calls():
@@ -54,19 +42,13 @@ def test_a_subclass_may_replace_what_the_constructor_calls():
 
 
 @pytest.mark.parametrize(
-    ("rows", "columns", "error"),
-    [
-        (1.5, 2, TypeError),
-        ("2", 2, TypeError),
-        (None, 2, TypeError),
-        (2**20, 2**20, MemoryError),
-        (10**30, 1, MemoryError),
-        (NAN, 1, TypeError),
-    ],
+    ("rows", "error"),
+    [(1.5, TypeError), ("2", TypeError), (NAN, TypeError)]
+    + [(2**40, MemoryError), (10**30, MemoryError)],
 )
-def test_a_shape_without_sense_is_an_ordinary_error(rows, columns, error):
+def test_a_shape_without_sense_is_an_ordinary_error(rows, error):
     with pytest.raises(error):
-        make_map(rows=rows, columns=columns)
+        make_map(rows=rows, columns=1)
 
 
 def test_a_negative_shape_has_no_cells():
@@ -79,8 +61,8 @@ def test_accessors_of_the_grid_lines():
     tilemap = T.TiledMap(None)
     tilemap.SetTileVisible(0)
     tilemap.SetTileLineColor((1, 2, 3))
-    assert (tilemap.IsTileVisible(), tilemap.Tile_Visible) == (0, 0)
-    assert (tilemap.GetTileLineColor(), tilemap.Tile_Color) == ((1, 2, 3), (1, 2, 3))
+    assert tilemap.IsTileVisible() is tilemap.Tile_Visible == 0
+    assert tilemap.GetTileLineColor() is tilemap.Tile_Color == (1, 2, 3)
 
 
 def test_valid_tiles():
@@ -89,19 +71,17 @@ def test_valid_tiles():
     assert inside == [(k, r) for k in range(5) for r in range(3)]
     assert tilemap.IsValidTile(4.9, 0) is True
     assert tilemap.IsValidTile(5, "never compared") is False
-    with pytest.raises(TypeError):
-        tilemap.IsValidTile("1", 0)
+    pytest.raises(TypeError, tilemap.IsValidTile, "1", 0)
 
 
 def test_places_of_cells_keep_their_kind():
-    tilemap = make_map(x=10, y=20.5, size=(32, 16))
-    assert tilemap.GetTile_XY(3, 2) == (106, 52.5)
-    assert [type(part) for part in tilemap.GetTile_XY(3, 2)] == [int, float]
+    x, y = make_map(x=10, y=20.5, size=(32, 16)).GetTile_XY(3, 2)
+    assert (x, type(x), y, type(y)) == (106, int, 52.5, float)
 
 
 @pytest.mark.parametrize(
     ("place", "cell"),
-    [((140, 90), (2, 1)), ((-20, 20), (0, 0)), ((-54.5, 20), (-1, 0)), ((1e6, 0), (15624, 0))],
+    [((140, 90), (2, 1)), ((-20, 20), (0, 0)), ((-54.5, 20), (-1, 0)), ((2**80, 0), (2**74, 0))],
 )
 def test_rectangular_cells_are_cut_towards_zero(place, cell):
     assert T.TiledMap(None, 10, 20).GetTile_RC(*place) == cell
@@ -109,32 +89,22 @@ def test_rectangular_cells_are_cut_towards_zero(place, cell):
 
 @pytest.mark.parametrize(
     ("place", "size", "error"),
-    [
-        ((1, 1), (0, 16), ZeroDivisionError),
-        ((1, 1), (16, 0.0), ZeroDivisionError),
-        ((NAN, 1), (16, 16), ValueError),
-        ((1, INFINITE), (16, 16), OverflowError),
-        (("1", 1), (16, 16), TypeError),
-        ((1, 1), (None, 16), TypeError),
-    ],
+    [((1, 1), (0, 16), ZeroDivisionError), ((1, 1), (16, 0.0), ZeroDivisionError)]
+    + [((1, 1), (None, 16), TypeError), (("1", 1), (16, 16), TypeError)]
+    + [((NAN, 1), (16, 16), ValueError), ((1, INFINITE), (16, 16), OverflowError)],
 )
 def test_rectangular_cells_fail_as_python_divides(place, size, error):
     with pytest.raises(error):
         make_map(size=size).GetTile_RC(*place)
 
 
-def test_places_of_any_size_are_exact():
-    assert make_map().GetTile_RC(2**80, 0) == (2**76, 0)
-
-
 def test_the_diamond_holds_its_edge():
     tilemap = make_map(size=(64, 32))
-    assert tilemap.CheckPtInDiamond(32, 0) is True
-    assert tilemap.CheckPtInDiamond(17, 8) is False
-    assert tilemap.CheckPtInDiamond(-16, -8) is True
+    places = [(32, 0), (17, 8), (-16, -8)]
+    assert [tilemap.CheckPtInDiamond(*place) for place in places] == [True, False, True]
     tilemap.Tile_Width = tilemap.Tile_Height = 2**60
-    assert tilemap.CheckPtInDiamond(2**59, 0) is True
-    assert tilemap.CheckPtInDiamond(2**59 + 1, 0) is False
+    places = [(2**59, 0), (2**59 + 1, 0)]
+    assert [tilemap.CheckPtInDiamond(*place) for place in places] == [True, False]
 
 
 # The scan of all cells, as plain Python makes it.
@@ -177,15 +147,17 @@ def test_a_script_may_say_what_a_diamond_is():
     assert tilemap.GetTile_RC(8, 0) == (-1, -1)
 
 
-@pytest.mark.parametrize("array", [[5], (), "text", None, [None] * 12, ["a"] * 12, [NAN, 3]])
+@pytest.mark.parametrize("array", [[5], (), [-1] * 12, [NAN, 3], [-1, 0.0, 2**70]])
 def test_arrays_of_scripts_are_counted_as_they_are(array):
     tilemap = make_map()
     tilemap.Tile_Array = array
-    for method in (tilemap.IsEmpty, tilemap.GetTileObjectCount):
-        try:
-            expected = sum(1 for content in array if content >= 0)
-        except TypeError:
-            with pytest.raises(TypeError):
-                method()
-        else:
-            assert method() == (expected if method == tilemap.GetTileObjectCount else not expected)
+    count = sum(1 for content in array if content >= 0)
+    assert (tilemap.GetTileObjectCount(), tilemap.IsEmpty()) == (count, count == 0)
+
+
+@pytest.mark.parametrize("array", ["text", None, [None] * 12, ["a"] * 12])
+def test_arrays_that_cannot_be_counted(array):
+    tilemap = make_map()
+    tilemap.Tile_Array = array
+    pytest.raises(TypeError, tilemap.GetTileObjectCount)
+    pytest.raises(TypeError, tilemap.IsEmpty)

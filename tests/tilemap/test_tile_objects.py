@@ -3,7 +3,7 @@
 import pytest
 import Tessora as T
 from helpers import Scene
-from tile_stage import Stage, fill, make_map, tile
+from tile_stage import Stage, make_map, tile
 
 LOST = "Error:Resource [{}] loss\n"
 
@@ -34,33 +34,27 @@ def test_cells_are_named_by_column_and_row_or_by_pixels():
 
 @pytest.mark.parametrize(
     ("info", "cells"),
-    [
-        (None, [(2, 1)]),
-        ((1, 1), [(2, 1)]),
-        ((2, 2), [(2, 1), (3, 1), (2, 2), (3, 2)]),
-        ([9, 1], [(2, 1), (3, 1)]),
-        ((1, 2**70), [(2, 1), (2, 2)]),
-        ((0, 5), []),
-    ],
+    [(None, [(2, 1)]), ((1, 1), [(2, 1)]), ((2, 2), [(2, 1), (3, 1), (2, 2), (3, 2)])]
+    + [([9, 1], [(2, 1), (3, 1)]), ((1, 2**70), [(2, 1), (2, 2)]), ((0, 5), [])],
 )
 def test_a_block_is_counted_right_and_down_and_cut_at_the_edge(info, cells):
     tilemap = make_map([blocking(1, info), blocking(0)])
     tilemap.SetTileObject(2, 1, 0, True)
     tilemap.SetTileObject(0, 0, 1, True)
     assert blocked(tilemap) == cells
-    assert [tilemap.GetTileCollision(k, r) for k, r in cells] == [True] * len(cells)
-    assert tilemap.GetTileCollision(0, 0) is tilemap.GetTileCollision(4, 1) is False
+    asked = [*cells, (0, 0), (4, 1)]
+    answers = [tilemap.GetTileCollision(k, r) for k, r in asked]
+    assert answers == [True] * len(cells) + [False] * 2
 
 
 def test_deleting_frees_the_cell_itself_only():
-    tilemap = make_map([blocking(1, (2, 1)), blocking(0)])
+    tilemap = make_map([blocking(1, (2, 1))])
     tilemap.SetTileObject(1, 1, 0, True)
     tilemap.SetTileObject(1, 1, -1, True)
     assert blocked(tilemap) == [(1, 1), (2, 1)], "overwriting frees nothing"
     tilemap.SetTileObject(1, 1, 0, True)
     tilemap.DelTileObject(1, 1, True)
-    assert (blocked(tilemap), tilemap.Coll_Array[5]) == ([(2, 1)], 0)
-    assert tilemap.IsEmpty()
+    assert blocked(tilemap) == [(2, 1)] and tilemap.IsEmpty()
     held = tilemap.Coll_Array
     tilemap.UpdateTileCollision()
     assert tilemap.Coll_Array == [0] * 12
@@ -87,8 +81,6 @@ def test_a_lost_node_is_told_and_its_cell_kept(capsys):
     assert tilemap.Tile_Array[0] == -1
     T.TiledMap(None).SetTileObject(0, 0, 1, True)
     assert capsys.readouterr().out == LOST.format(4) * 3 + LOST.format(1)
-    with pytest.raises(IndexError):
-        fill(tilemap, [4] * 12).update(0.1)
 
 
 def test_what_is_no_failure_of_a_node_is_not_caught():
@@ -104,15 +96,11 @@ def test_what_is_no_failure_of_a_node_is_not_caught():
 @pytest.mark.parametrize(
     ("array", "error"), [([], IndexError), (None, TypeError), ((-1,) * 12, TypeError)]
 )
-def test_short_and_strange_lists_fail_at_the_point_of_use(array, error):
+@pytest.mark.parametrize("name", ["Tile_Array", "Coll_Array"])
+def test_short_and_strange_lists_fail_at_the_point_of_use(name, array, error):
     tilemap = make_map([blocking()])
-    tilemap.Tile_Array = array
-    with pytest.raises(error):
-        tilemap.SetTileObject(3, 2, 0, True)
-    tilemap = make_map([blocking()])
-    tilemap.Coll_Array = array
-    with pytest.raises(error):
-        tilemap.SetTileObject(3, 2, 0, True)
+    setattr(tilemap, name, array)
+    pytest.raises(error, tilemap.SetTileObject, 3, 2, 0, True)
 
 
 def test_children_are_hit_relative_to_the_map():
@@ -122,55 +110,42 @@ def test_children_are_hit_relative_to_the_map():
     assert (tilemap.CheckInsObj(55, 5), tilemap.CheckInsObj(65, 5)) == (True, False)
 
 
-# Draws the map with the camera and presses on the screen.
-def pressed(screen, place, camera=None, **shape):
-    scene = Scene()
-    node = tile(1)
+EVENT = ("on_tile", {"tx": 2, "ty": 1})
+
+
+# A map with one tile, in column 2, row 1, and what its scene is told of presses.
+def map_in_a_scene(**shape):
+    scene, node = Scene(), tile(1)
     scene.GetLayerResNode = lambda index: node
     tilemap = make_map(scene=scene, **shape)
     tilemap.SetInnerBindingEvent("PickDown", "tile", None)
     tilemap.Tile_Array[6] = 0
+    return tilemap, scene.calls
+
+
+PRESSES = [((40, 20), None, {}, True), ((50, 20), None, {}, False)]
+PRESSES += [((40, 20), (0, 0, 1.0), {}, True), ((40, 20), (0, 0, 0), {}, False)]
+PRESSES += [((240, 30), (200, 10, 1.0), {}, True), ((40, 20), (200, 10, 1.0), {}, False)]
+PRESSES += [((110, 45), (30, 0, 2.0), {}, True)]
+PRESSES += [((150, 0), (22, 16, 1.0), {"view": 1, "size": (64, 32)}, True)]
+
+
+@pytest.mark.parametrize(("place", "camera", "shape", "hit"), PRESSES)
+def test_a_press_reports_the_tile_under_the_pointer(screen, place, camera, shape, hit):
+    tilemap, calls = map_in_a_scene(**shape)
     if camera is not None:
         tilemap.draw(screen, *camera)
-    taker = tilemap.OnPickDownFunction(*place)
-    assert taker in (None, tilemap)
-    assert (taker is None) == (scene.calls == [])
-    return scene.calls
+    assert tilemap.OnPickDownFunction(*place) is (tilemap if hit else None)
+    assert calls == [EVENT] * hit
 
 
-HIT = [("on_tile", {"tx": 2, "ty": 1})]
-
-
-@pytest.mark.parametrize(
-    ("place", "camera", "calls"),
-    [
-        ((40, 20), None, HIT),
-        ((50, 20), None, []),
-        ((40, 20), (0, 0, 1.0), HIT),
-        ((240, 30), (200, 10, 1.0), HIT),
-        ((40, 20), (200, 10, 1.0), []),
-        ((110, 45), (30, 0, 2.0), HIT),
-        ((40, 20), (0, 0, 0), []),
-    ],
-)
-def test_a_press_reports_the_tile_under_the_pointer(screen, place, camera, calls):
-    assert pressed(screen, place, camera) == calls
-
-
-def test_a_press_on_a_diamond(screen):
-    shape = {"view": 1, "size": (64, 32)}
-    assert pressed(screen, (150, 48 - 64 + 16), (22, 16, 1.0), **shape) == HIT
-
-
-def test_a_hidden_map_takes_no_press(screen):
-    tilemap = make_map([tile(1)])
-    tilemap.Tile_Array[0] = 0
+def test_a_hidden_map_takes_no_press():
+    tilemap, _ = map_in_a_scene()
     tilemap.SetVisible(False)
-    assert tilemap.OnPickDownFunction(2, 2) is None
+    assert tilemap.OnPickDownFunction(40, 20) is None
     tilemap.SetVisible(True)
-    assert tilemap.OnPickDownFunction(2, 2) is tilemap
     tilemap.EnablePickDownEvent(False)
-    assert tilemap.OnPickDownFunction(2, 2) is None
+    assert tilemap.OnPickDownFunction(40, 20) is None
 
 
 def test_a_press_before_any_draw_finds_no_camera_behind_a_property():
@@ -183,18 +158,13 @@ def test_a_press_before_any_draw_finds_no_camera_behind_a_property():
     assert tilemap.OnPickDownFunction(px=2, py=2) is tilemap
 
 
-def test_children_take_the_press_after_the_event(screen, capsys):
-    scene = Scene()
-    scene.GetLayerResNode = lambda index: tile(1)
-    tilemap = make_map(scene=scene)
-    tilemap.SetInnerBindingEvent("PickDown", "tile", None)
-    tilemap.Tile_Array[0] = 0
+def test_children_take_the_press_after_the_event():
+    tilemap, calls = map_in_a_scene()
     child = T.GameNode(tilemap, 0, 0)
-    child.width = child.height = 5
-    child.SetPickDownFunction(lambda node: scene.calls.append("child"))
-    assert tilemap.OnPickDownFunction(2, 2) is child
+    child.width = child.height = 50
+    child.SetPickDownFunction(lambda node: calls.append("child"))
+    assert tilemap.OnPickDownFunction(34, 18) is child
     tilemap.RemoveChild(child)
-    tilemap.width = tilemap.height = 5
-    assert tilemap.OnPickDownFunction(2, 2) is tilemap
-    event = ("on_tile", {"tx": 0, "ty": 0})
-    assert scene.calls == [event, "child", event], "the map's own press raises no second event"
+    tilemap.width = tilemap.height = 50
+    assert tilemap.OnPickDownFunction(34, 18) is tilemap
+    assert calls == [EVENT, "child", EVENT], "the map's own press raises no second event"
