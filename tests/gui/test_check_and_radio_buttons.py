@@ -1,6 +1,7 @@
 """Check and radio buttons: their looks, their box, and what a click does."""
 
 import math
+from functools import partial
 from types import SimpleNamespace
 
 import pygame
@@ -10,7 +11,7 @@ from picture_oracle import LOOK, Place, assert_draws, draw_widget, dress, ground
 
 AWAY, INSIDE = (300, 200), (60, 40)
 STATES = {"": (AWAY, False), "_hover": (INSIDE, False), "_click": (INSIDE, True)}
-COLORS = {"": (10, 20, 200, 255), "_hover": (20, 200, 30, 255), "_click": (200, 30, 40, 255)}
+COLORS = {"": (10, 20, 200), "_hover": (20, 200, 30), "_click": (200, 30, 40)}
 DARK = pygame.Color(64, 64, 64)
 
 
@@ -21,19 +22,16 @@ def pointer(monkeypatch):
     return pointer
 
 
-def check_button(**changes):
-    widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30)
-    for state, (red, green, blue, alpha) in COLORS.items():
-        setattr(widget, "bgColor" + state, pygame.Color(red, green, blue, alpha))
-        setattr(widget, f"bgColor{state}_checked", pygame.Color(blue, red, green, alpha))
+def button(cls, **changes):
+    widget = dress(cls(None, 40, 30), textVisible=False, height=30)
+    for state, (red, green, blue) in COLORS.items():
+        setattr(widget, "bgColor" + state, pygame.Color(red, green, blue))
+        setattr(widget, f"bgColor{state}_checked", pygame.Color(blue, red, green))
     return dress(widget, **changes)
 
 
-def radio_button(**changes):
-    widget = dress(T.GUI_RadioButton(None, 40, 30), textVisible=False, height=30)
-    for state, color in COLORS.items():
-        setattr(widget, "bgColor" + state, pygame.Color(*color))
-    return dress(widget, **changes)
+check_button = partial(button, T.GUI_CheckButton)
+radio_button = partial(button, T.GUI_RadioButton)
 
 
 def empty_sheet(side):
@@ -88,16 +86,13 @@ def draw_box(target, place, box, side):
 # `end` names the attributes of the look; `box` is drawn, or a picture.
 def assert_look(widget, screen, end, box, camera=(0, 0, 1.0)):
     look = {name: getattr(widget, name) for name in LOOK}
+    color, picture = getattr(widget, "bgColor" + end), getattr(widget, "image" + end)
 
     def expected(target):
-        draw_widget(
-            target, camera, **dict(look, image=None, bgColor=getattr(widget, "bgColor" + end))
-        )
-        picture = getattr(widget, "image" + end)
+        draw_widget(target, camera, **dict(look, image=None, bgColor=color))
         if picture is not None:
             draw_widget(target, camera, **dict(look, image=picture))
-        if box is not None:
-            draw_box(target, Place(look, camera), box, widget.height - widget.texttopgap)
+        draw_box(target, Place(look, camera), box, widget.height - widget.texttopgap)
 
     screen.blit(ground(screen.get_size()), (0, 0))
     assert_draws(widget, screen, expected, camera)
@@ -142,12 +137,14 @@ def test_box_pictures(screen, pointer, state, angle):
 
 @pytest.mark.parametrize("kind", DRAWN)
 def test_hidden_boxes_leave_the_text_in_its_place(screen, pointer, kind):
-    widget, gaps = DRAWN[kind][0](text="ab", textleftgap=5), []
-    widget.drawText = lambda surface, text, color: gaps.append((text, widget.textleftgap))
+    color, gaps = pygame.Color(9, 8, 7), []
+    widget = DRAWN[kind][0](text="ab", textleftgap=5, CheckValue=True)
+    setattr(widget, "textColor_checked" if kind == "check" else "textColor", color)
+    widget.drawText = lambda surface, *drawn: gaps.append((*drawn, widget.textleftgap))
     for visible in (True, False):
         getattr(widget, f"Set{kind.title()}BoxVisible")(visible)
         widget.draw(screen)
-    assert gaps == [("ab", 5 + 28), ("ab", 5)]
+    assert gaps == [("ab", color, 5 + 28), ("ab", color, 5)]
     assert (widget.textleftgap, widget.texttopgap) == (5, 2)
 
 
@@ -181,31 +178,16 @@ OWN_LOOKS += [("SetImage_Checked", ("a.png",)), ("SetImage_Click_Checked", ("a.p
 OWN_LOOKS += [("SetImage_CheckBox_Checked", ("a.png",)), ("SetImage_CheckBox", ("a.png",))]
 
 
-def picture_of(widget, screen):
-    screen.blit(ground(screen.get_size()), (0, 0))
-    widget.draw(screen)
-    return pygame.image.tobytes(screen, "RGB")
-
-
-def test_a_fresh_button_looks_the_same_checked(screen, pointer):
-    widget = T.GUI_CheckButton(None, 40, 30, "text")
-    pictures = set()
-    for value in (False, True):
-        widget.SetChecked(value)
-        pictures.add(picture_of(widget, screen))
-        widget.SetBGColor_Checked(128, 128, 128)
-        widget.SetBGColor_Checked(*T.GUI_WINDOW_BGCOLOR[:3])
-        widget.bgColor_checked = pygame.Color(*T.GUI_WINDOW_BGCOLOR)
-    assert len(pictures) == 1
-
-
 @pytest.mark.parametrize(("setter", "values"), OWN_LOOKS)
 def test_the_mark_shows_once_the_checked_look_is_its_own(
     screen, pointer, monkeypatch, setter, values
 ):
     monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
     widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30, CheckValue=True)
-    assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
+    # Fresh, and with an equal colour.
+    for color in (widget.bgColor_checked, pygame.Color(*T.GUI_WINDOW_BGCOLOR)):
+        widget.bgColor_checked = color
+        assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
     getattr(widget, setter)(*values)
     box = widget.image_checkbox_checked or drawn_check_box(28, 2, True)
     assert_look(widget, screen, "_checked", box)
