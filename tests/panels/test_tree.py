@@ -24,7 +24,7 @@ def texts(item):
     return item.itemText, [texts(child) for child in item.itemChildren]
 
 
-def test_items_are_found_depth_first_and_inserted_below():
+def test_items_are_found_depth_first_and_inserted_below(screen):
     made = tree()
     assert texts(made.RootItemNode) == ("root", [("a", [("c", [])]), ("b", [])])
     made.InsertItem("a", "b", 5, None, 0)
