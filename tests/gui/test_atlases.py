@@ -158,22 +158,15 @@ def test_animations_of_image_files(screen, tmp_path, monkeypatch):
 
 GOOD = modern((0, 0, 4, 4))
 # What is wrong with the frame called "hero".
-BAD_FRAMES = {
-    "outside": (modern((60, 60, 9, 9)), ValueError),
-    "negative": (modern((-1, 0, 4, 4)), ValueError),
-    "no number": ({**GOOD, "frame": "{{a,0},{4,4}}"}, ValueError),
-    "three numbers": ({**GOOD, "frame": "{{0,0},{4}}"}, ValueError),
-    "wide as 2**32": (modern((0, 0, 4294967296, 4)), ValueError),
-    "wide as 2**32 + 4": (modern((0, 0, 4294967300, 4)), ValueError),
-    "far away": (modern((2**31 - 1, 0, 4, 4)), ValueError),
-    "huge": (modern((0, 0, 4, 4), False, (9000, 9000)), ValueError),
-    "bad offset": (modern((0, 0, 4, 4), False, (8, 8), ("a", 0)), ValueError),
-    "endless offset": (modern((0, 0, 4, 4), False, (8, 8), ("nan", "inf")), ValueError),
-    "no rectangle": ({}, KeyError),
-}
+OUTSIDE = [(60, 60, 9, 9), (-1, 0, 4, 4), (2**31 - 1, 0, 4, 4)]
+OUTSIDE += [(0, 0, 2**32, 4), (0, 0, 2**32 + 4, 4)]
+TOO_FAR = [((9000, 9000), None), ((8, 8), ("a", 0)), ((8, 8), ("nan", "inf"))]
+BAD_FRAMES = [(modern(rect), ValueError) for rect in OUTSIDE] + [({}, KeyError)]
+BAD_FRAMES += [({**GOOD, "frame": text}, ValueError) for text in ("{{a,0},{4,4}}", "{{0,0},{4}}")]
+BAD_FRAMES += [(modern((0, 0, 4, 4), False, *more), ValueError) for more in TOO_FAR]
 
 
-@pytest.mark.parametrize(("frame", "error"), BAD_FRAMES.values(), ids=BAD_FRAMES)
+@pytest.mark.parametrize(("frame", "error"), BAD_FRAMES)
 def test_errors_name_the_file_and_the_frame(load, frame, error):
     with pytest.raises(error, match="one.plist.*hero|hero.*one.plist"):
         load({"fine": GOOD, "hero": frame}, {"one.png": SHEET})

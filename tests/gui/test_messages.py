@@ -51,27 +51,20 @@ RAISED = {"style": "raised", "borderVisible": True}
 OUTLINED = {"style": "solid", "borderVisible": True}
 PICTURE = {"image": SURFACE}
 # The attribute, its value, what makes the widget read it, and the error.
-WRONG = [
-    (T.GUI_Image, "image", 5, {}, TypeError),
-    (T.GUI_Image, "image", "hero.png", {}, TypeError),
-    (T.GUI_Image, "width", "wide", {}, TypeError),
-    (T.GUI_Image, "width", "wide", PICTURE, TypeError),
-    (T.GUI_Image, "height", None, PICTURE, TypeError),
-    (T.GUI_Image, "alpha", "clear", {}, TypeError),
-    (T.GUI_Image, "alpha", 300, PICTURE, ValueError),
-    (T.GUI_Image, "alpha", float("nan"), PICTURE, ValueError),
-    (T.GUI_Image, "bgColor", "no color", {}, ValueError),
-    (T.GUI_Image, "bgColor", (300, 0, 0), PICTURE, ValueError),
-    (T.GUI_Image, "borderwidth", "x", RAISED, TypeError),
-    (T.GUI_Image, "borderColor_LT", "no color", RAISED, ValueError),
-    (T.GUI_Image, "borderColor", "no color", OUTLINED, ValueError),
-    (T.GUI_Image, "coll_rectArray", {"a": [5]}, {"coll_visible": True}, TypeError),
-    (T.GUI_Label, "text", 5, {}, TypeError),
-    (T.GUI_Label, "font", None, {"text": "text"}, AttributeError),
-    (T.GUI_Label, "textColor", "no color", {"text": "text"}, ValueError),
-    (T.GUI_Label, "textleftgap", "x", {"text": "text", "HAlign": "left"}, TypeError),
-    (T.GUI_Button, "bgColor_click", "no color", {"clicked": True}, ValueError),
-]
+WRONG = [("image", 5, {}, TypeError), ("image", "hero.png", {}, TypeError)]
+WRONG += [("width", "wide", {}, TypeError), ("width", "wide", PICTURE, TypeError)]
+WRONG += [("height", None, PICTURE, TypeError), ("alpha", "clear", {}, TypeError)]
+WRONG += [("alpha", 300, PICTURE, ValueError), ("alpha", float("nan"), PICTURE, ValueError)]
+WRONG += [("bgColor", "no color", {}, ValueError), ("bgColor", (300, 0, 0), PICTURE, ValueError)]
+WRONG += [("borderwidth", "x", RAISED, TypeError), ("borderColor", "?", OUTLINED, ValueError)]
+WRONG += [("borderColor_LT", "no color", RAISED, ValueError)]
+WRONG += [("coll_rectArray", {"a": [5]}, {"coll_visible": True}, TypeError)]
+WRONG = [(T.GUI_Image, *row) for row in WRONG]
+WRONG += [(T.GUI_Label, "text", 5, {}, TypeError)]
+WRONG += [(T.GUI_Label, "font", None, {"text": "text"}, AttributeError)]
+WRONG += [(T.GUI_Label, "textColor", "no color", {"text": "text"}, ValueError)]
+WRONG += [(T.GUI_Label, "textleftgap", "x", {"text": "text", "HAlign": "left"}, TypeError)]
+WRONG += [(T.GUI_Button, "bgColor_click", "no color", {"clicked": True}, ValueError)]
 
 
 @pytest.mark.parametrize(("cls", "name", "value", "look", "error"), WRONG)
