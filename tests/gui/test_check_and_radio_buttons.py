@@ -42,14 +42,12 @@ def empty_sheet(side):
 
 def drawn_check_box(side, width, marked):
     sheet, near, far = empty_sheet(side), side * 0.1, side - side * 0.1 - 1
-    corners = [(near, near), (far, near), (far, far), (near, far)]
-    for start, end in zip(corners, corners[1:] + corners[:1]):
-        pygame.draw.line(sheet, DARK, min(start, end), max(start, end), width)
-    if marked:
-        inner, tip = side * 0.2, side * 0.4
-        outer = side - inner - 1
-        pygame.draw.line(sheet, DARK, (inner, side * 0.5), (tip, outer), width)
-        pygame.draw.line(sheet, DARK, (tip, outer), (outer, inner), width)
+    inner, tip, outer = side * 0.2, side * 0.4, side - side * 0.2 - 1
+    lines = [((near, near), (far, near)), ((far, near), (far, far))]
+    lines += [((near, far), (far, far)), ((near, near), (near, far))]
+    lines += [((inner, side * 0.5), (tip, outer)), ((tip, outer), (outer, inner))] * marked
+    for start, end in lines:
+        pygame.draw.line(sheet, DARK, start, end, width)
     return sheet
 
 
@@ -69,18 +67,15 @@ def drawn_radio_box(side, width, marked):
 
 
 def draw_box(target, place, box, side):
-    size = int(side * place.WSX), int(side * place.WSY)
-    picture = pygame.transform.smoothscale(box, size)
+    picture = pygame.transform.smoothscale(box, (int(side * place.WSX), int(side * place.WSY)))
     if place.WAngle == 0:
-        top = place.WY + (place.height - side) * 0.5 * place.WSY
-        target.blit(picture.convert_alpha(), (int(place.WX), int(top)))
-        return
-    picture = pygame.transform.rotozoom(picture, place.WAngle, 1).convert_alpha()
-    turn, away = math.radians(place.WAngle), (place.width - side) * 0.5 * place.WSX
-    middle_x = place.WX + place.width / 2 * place.WSX - away * math.cos(turn)
-    middle_y = place.WY + place.height / 2 * place.WSY + away * math.sin(turn)
-    width, height = picture.get_size()
-    target.blit(picture, (int(middle_x - width / 2), int(middle_y - height / 2)))
+        corner = place.WX, place.WY + (place.height - side) * 0.5 * place.WSY
+    else:
+        picture = pygame.transform.rotozoom(picture, place.WAngle, 1)
+        turn, away = math.radians(place.WAngle), (place.width - side) * 0.5 * place.WSX
+        left, top = place.corner(picture)
+        corner = left - away * math.cos(turn), top + away * math.sin(turn)
+    target.blit(picture.convert_alpha(), [int(side) for side in corner])
 
 
 # `end` names the attributes of the look; `box` is drawn, or a picture.
@@ -109,10 +104,8 @@ PLACES += [{"borderwidth": 3, "texttopgap": 6}, {"style": "hollow"}, {"bgColor_h
 @pytest.mark.parametrize("value", [False, True])
 def test_looks_are_drawn_as_plain_calls_would(screen, pointer, kind, state, value, changes):
     make, drawn = DRAWN[kind]
-    widget = make(**changes)
-    dress(widget, **{"CheckValue" if kind == "check" else "RadioValue": value})
-    pointer.place, widget.clicked = STATES[state]
-    pointer.place = INSIDE if state else AWAY
+    pointer.place, clicked = STATES[state]
+    widget = make(clicked=clicked, CheckValue=value, RadioValue=value, **changes)
     end = state + ("_checked" if value and kind == "check" else "")
     box = drawn(widget.height - widget.texttopgap, widget.borderwidth, value)
     for camera in ((0, 0, 1.0), (0, 0, 1.0), (-3, 4, 1.25)):
@@ -150,15 +143,14 @@ def test_hidden_boxes_leave_the_text_in_its_place(screen, pointer, kind):
 
 @pytest.mark.parametrize("make", [T.GUI_CheckButton, T.GUI_RadioButton])
 def test_the_gaps_come_back_when_the_text_fails(screen, make):
-    seen = []
+    widget, seen = make(None, 0, 0), []
 
-    class Failing(make):
-        def drawText(self, surface, *args):
-            seen.append(self.textleftgap)
-            self.texttopgap = 9
-            raise LookupError("text")
+    def fail(surface, *args):
+        seen.append(widget.textleftgap)
+        widget.texttopgap = 9
+        raise LookupError("text")
 
-    widget = Failing(None, 0, 0)
+    widget.drawText = fail
     pytest.raises(LookupError, widget.draw, screen)
     assert seen == [2 + 18] and (widget.textleftgap, widget.texttopgap) == (2, 2)
 
@@ -179,9 +171,7 @@ OWN_LOOKS += [("SetImage_CheckBox_Checked", ("a.png",)), ("SetImage_CheckBox", (
 
 
 @pytest.mark.parametrize(("setter", "values"), OWN_LOOKS)
-def test_the_mark_shows_once_the_checked_look_is_its_own(
-    screen, pointer, monkeypatch, setter, values
-):
+def test_the_mark_shows_once_the_look_is_its_own(screen, pointer, monkeypatch, setter, values):
     monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
     widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30, CheckValue=True)
     # Fresh, and with an equal colour.
@@ -189,10 +179,9 @@ def test_the_mark_shows_once_the_checked_look_is_its_own(
         widget.bgColor_checked = color
         assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
     getattr(widget, setter)(*values)
-    box = widget.image_checkbox_checked or drawn_check_box(28, 2, True)
-    assert_look(widget, screen, "_checked", box)
-    box = widget.image_checkbox or drawn_check_box(28, 2, False)
-    assert_look(dress(widget, CheckValue=False), screen, "", box)
+    for value, end in ((True, "_checked"), (False, "")):
+        box = getattr(widget, "image_checkbox" + end) or drawn_check_box(28, 2, value)
+        assert_look(dress(widget, CheckValue=value), screen, end, box)
 
 
 def test_checked_colours_are_the_unchecked_objects():
@@ -224,10 +213,8 @@ def test_a_click_checks_before_the_callback(pointer):
     click(widget, INSIDE, AWAY)
     click(widget, AWAY, INSIDE)
     for name in ("enable", "visible", "Enable_PickUp"):
-        setattr(widget, name, False)
-        click(widget)
-        setattr(widget, name, True)
-        widget.clicked = False
+        click(dress(widget, **{name: False}))
+        dress(widget, clicked=False, **{name: True})
     assert widget.CheckValue is False and seen[:2] == [True, False]
 
 
@@ -258,14 +245,16 @@ def test_a_click_chooses_among_the_parents_radio_buttons():
 
 
 def test_checked_pictures_of_radio_boxes_are_kept_but_not_drawn(screen, pointer, monkeypatch):
-    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
+    picture = noise((9, 9), 2)
+    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: picture))
     widget = radio_button(RadioValue=True)
-    for state in ("", "_Hover", "_Click"):
-        before = list(vars(widget))
-        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is None
-        assert list(vars(widget)) == before
-        getattr(widget, f"SetImage_RadioBox{state}_Checked")("a.png")
-        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is not None
+    before = list(vars(widget))
+    getters = [f"GetImage_RadioBox{state}_Checked" for state in ("", "_Hover", "_Click")]
+    assert [getattr(widget, getter)() for getter in getters] == [None] * 3
+    assert list(vars(widget)) == before
+    for getter in getters:
+        getattr(widget, "S" + getter[1:])("a.png")
+        assert getattr(widget, getter)() is picture
     assert_look(widget, screen, "", drawn_radio_box(28, 2, True))
 
 
