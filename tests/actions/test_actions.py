@@ -228,22 +228,21 @@ def test_a_group_must_hold_actions():
 def test_groups_of_any_kind_get_the_target_once():
     player, actions = T.ActionPlayer(), [T.GAction() for _ in range(3)]
     player.SetTarget("node")
-    player.AddActions(iter(actions[:1]), {"key": 0}.fromkeys(actions[1:2]), tuple(actions[2:]))
+    player.AddActions(iter(actions[:1]), {actions[1]: 0}, tuple(actions[2:]))
     assert [action.targetNode for action in actions] == ["node"] * 3
 
 
 @pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls not in (T.BlinkAction, T.GAction)])
 def test_an_action_that_has_ended_starts_again_when_it_is_run_again(cls):
-    calls = []
+    calls, node = [], make_node()
     action = cls(*((2, calls.append) if cls is T.CallBackAction else CLASSES[cls]))
-    node = make_node()
     for played in (1, 2):
         node.RunAction(action)
         assert (action.over, action.runtime) == (False, 0)
-        node.update(1)
-        assert action.over is False
-        node.update(1)
-        assert action.over is True and len(calls) == (played if cls is T.CallBackAction else 0)
+        for over in (False, True):
+            node.update(1)
+            assert action.over is over
+        assert len(calls) == (played if cls is T.CallBackAction else 0)
     by = {T.MoveByAction: (6, 8), T.ScaleByAction: (7, 9), T.RotateByAction: 6}
     found = {T.MoveByAction: node.GetXY(), T.ScaleByAction: node.GetSXY()}
     assert found.get(cls, node.angle) == by.get(cls, node.angle)

@@ -169,15 +169,13 @@ HEIGHTS = [(100, 8), (14, 1), (13, 0), (2, 0), (-9, 0), (-23, -2), (13.9, 0), (2
 
 @pytest.mark.parametrize(("height", "count"), HEIGHTS)
 def test_how_many_lines_fit(screen, height, count):
-    widget = box("a\n" * 20, lineIndex=19)
-    widget.SetHeight(height)
-    assert (widget.height, widget.showlineCount) == (height, count)
-    assert widget.lineIndex == min(19, 21 - max(count, 0))
-    if height > 0:
-        widget.draw(screen)
-    small = box("a", lineIndex=5)
-    small.SetHeight(height)
-    assert small.lineIndex == max(0, min(5, 1 - count))
+    for text, lines in (("a\n" * 20, 21), ("a", 1)):
+        widget = box(text, lineIndex=19)
+        widget.SetHeight(height)
+        assert (widget.height, widget.showlineCount) == (height, count)
+        assert widget.lineIndex == max(0, min(19, lines - count))
+        if height > 0:
+            widget.draw(screen)
 
 
 def test_gaps_and_heights_of_lines():
