@@ -215,21 +215,16 @@ def test_a_new_player_that_cannot_run_goes(screen):
     assert player.ActionArray == (stubborn[:1],)
 
 
-def test_a_group_must_hold_actions():
-    player = T.ActionPlayer()
+def test_a_group_is_anything_that_holds_actions():
+    player, actions = T.ActionPlayer(), [T.GAction() for _ in range(3)]
     player.SetTarget("node")
     for group in (ACTION, None, 5):
         pytest.raises(TypeError, player.AddActions, [ACTION], group)
         assert player.ActionArray is None
-    # A list of actions is told from actions.
-    pytest.raises(TypeError, make_node().RunAction, [ACTION]).match(r"\*actions")
-
-
-def test_groups_of_any_kind_get_the_target_once():
-    player, actions = T.ActionPlayer(), [T.GAction() for _ in range(3)]
-    player.SetTarget("node")
     player.AddActions(iter(actions[:1]), {actions[1]: 0}, tuple(actions[2:]))
     assert [action.targetNode for action in actions] == ["node"] * 3
+    # A list of actions is told from actions.
+    pytest.raises(TypeError, make_node().RunAction, [ACTION]).match(r"\*actions")
 
 
 @pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls not in (T.BlinkAction, T.GAction)])

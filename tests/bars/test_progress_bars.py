@@ -1,9 +1,8 @@
 """Progress bars: how far they are filled, and with what."""
 
-import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOKS, assert_parts, noise
+from picture_oracle import LOOKS, assert_parts, assert_same, noise
 
 WHITE, RED, DARK, GREY = (255,) * 4, (64, 0, 0, 255), (64, 64, 64, 255), (128, 128, 128, 255)
 FILLS = [(0, 0, 100, 0), (50, 0, 100, 50), (100, 0, 100, 100), (150, 0, 100, 100)]
@@ -51,9 +50,7 @@ def test_pictures_fill_the_bar_in_their_own_colors(screen):
     bar.SetProgressImages(picture)
     bar.SetStyle("flat")
     bar.draw(screen)
-    got, expected = screen.subsurface((10, 10, 50, 20)), pygame.Surface((50, 20))
-    expected.blit(picture, (0, 0))
-    assert pygame.image.tobytes(got, "RGB") == pygame.image.tobytes(expected, "RGB")
+    assert_same(screen.subsurface((10, 10, 50, 20)), picture)
     bar.SetProgressImageVisible(False)
     bar.draw(screen)
     assert screen.get_at((12, 12)) == WHITE

@@ -40,10 +40,16 @@ def button(screen, monkeypatch):
     return dress(T.GUI_Button(), **ALL)
 
 
-def test_every_attribute_is_copied(button):
+CHANGED_IN_PLACE = [*TABLES, "bgColor", "imageArray", "imageFrameRectArray", "coll_rectArray"]
+CHANGED_IN_PLACE += ["imagefiles", "borderColor", "borderColor_LT", "textColor", "textColor_hover"]
+
+
+def test_every_attribute_is_copied_and_none_shared_that_scripts_change_in_place(button):
     other = T.GUI_Button()
     button.CopyTo(other)
     assert {name: getattr(other, name) for name in ALL} == ALL
+    shared = [name for name in ALL if getattr(other, name) is getattr(button, name)]
+    assert not set(shared) & set(CHANGED_IN_PLACE)
 
 
 def test_what_ties_a_node_to_its_place_stays(button):
@@ -72,17 +78,6 @@ def test_the_node_type_says_what_is_taken_over(button, kind):
         compared = set(part) - {"font"}
         assert {n: getattr(other, n) for n in compared} == {n: wanted[n] for n in compared}
     assert other.NodeType == kind
-
-
-CHANGED_IN_PLACE = [*TABLES, "bgColor", "imageArray", "imageFrameRectArray", "coll_rectArray"]
-CHANGED_IN_PLACE += ["imagefiles", "borderColor", "borderColor_LT", "textColor", "textColor_hover"]
-
-
-@pytest.mark.parametrize("name", CHANGED_IN_PLACE)
-def test_what_scripts_change_in_place_is_not_shared(button, name):
-    other = T.GUI_Button()
-    button.CopyTo(other)
-    assert getattr(other, name) is not getattr(button, name)
 
 
 @pytest.mark.parametrize("name", ["coll_rectArray", "BindingEventArray", "InnerBindingEventArray"])

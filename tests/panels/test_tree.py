@@ -6,7 +6,7 @@ import picture_oracle as oracle
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOKS, assert_painted, assert_parts, part_place
+from picture_oracle import LOOKS, assert_painted, assert_parts, dress, part_place
 
 WHITE, PAPER = (255,) * 4, (239, 239, 239, 255)
 SIGN = (128, 128, 128, 128)
@@ -58,14 +58,9 @@ def test_boxes_open_and_close_by_a_press(screen):
     assert len(told) == 7
     made.SetEnable(False)
     assert made.OnPickDownFunction(58, 40) is None and items[0].itemopen is True
-
-
-def test_a_box_beside_the_widget_takes_its_press(screen):
-    made = tree()
-    made.SetWidth(20)
-    made.draw(screen)
-    assert made.OnPickDownFunction(40 + 24, 40) is made
-    assert made.RootItemNode.itemopen is True
+    # A box beside the widget takes its press.
+    dress(made, enable=True, width=20).draw(screen)
+    assert made.OnPickDownFunction(64, 40) is made and items[0].itemopen is False
 
 
 def test_items_that_hold_themselves_end_in_a_recursion_error(screen):
@@ -184,11 +179,10 @@ def test_both_buttons_hide_the_message_box(screen, name):
 
 def test_the_text_of_a_message_box(screen):
     box = T.GUI_MsgBox(None, 0, 0, "Really?")
-    assert (box.Title.GetText(), box.OKButton.GetText()) == ("Really?", "\u786e\u5b9a")
-    assert box.CloseButton.GetText() == "X" and box.IsTextVisible() is False
-    box.SetText("Sure?")
-    assert box.GetText() == box.Title.GetText() == "Sure?"
+    assert [part.GetText() for part in box.children] == ["Really?", "\u786e\u5b9a", "X"]
     assert {part.GetFontName() for part in box.children} == {"Microsoft YaHei UI"}
+    box.SetText("Sure?")
+    assert box.GetText() == box.Title.GetText() == "Sure?" and box.IsTextVisible() is False
     box.Title = None
     pytest.raises(AttributeError, box.SetText, "x")
 
