@@ -108,18 +108,14 @@ def test_lines_away_from_a_change_are_not_made_again():
 
 
 def test_up_and_down_keep_the_column():
-    widget, text = box("abcdef\nab\n\nabcdef"), "abcdef\nab\n\nabcdef"
-    widget.SetCursorPosition(5)
-    places = [type_keys(widget, key)[1:] for key in ["down"] * 4 + ["up"] * 3]
-    assert places == [(9, 1), (10, 2), (16, 3), (16, 3), (10, 2), (9, 1), (5, 0)]
-    assert type_keys(widget, "up") == (text, 5, 0)
-    type_keys(widget, "down", "left", "up")
-    assert widget.cursorPos == 1
+    widget = box("abcdef\nab\n\nabcdef", cursorPos=5)
+    places = [type_keys(widget, key)[1:] for key in ["down"] * 4 + ["up"] * 4]
+    assert places == [(9, 1), (10, 2), (16, 3), (16, 3), (10, 2), (9, 1), (5, 0), (5, 0)]
+    assert type_keys(widget, "down", "left", "up") == (widget.text, 1, 0)
     # A line that was broken by width has no place behind its last character.
-    widget = box("abcdefghijkl\nabcdefghijkl", cursorPos=10)
-    assert type_keys(widget, "down")[1:] == (13, 2)
-    widget = box("abcdefghij\nabcdefghijkl", cursorPos=10)
-    assert type_keys(widget, "down")[1:] == (20, 1)
+    for text, place in (("abcdefghijkl", (13, 2)), ("abcdefghij", (20, 1))):
+        widget = box(text + "\nabcdefghijkl", cursorPos=10)
+        assert type_keys(widget, "down")[1:] == place
 
 
 def test_an_empty_text_has_no_line(screen):
@@ -132,8 +128,7 @@ def test_an_empty_text_has_no_line(screen):
 
 
 def test_typing_over_line_ends():
-    widget = box("one two three")
-    widget.SetCursorPosition(7)
+    widget = box("one two three", cursorPos=7)
     assert type_keys(widget, "return") == ("one two\n three", 8, 1)
     assert type_keys(widget, "backspace", "x") == ("one twox three", 8, 0)
     widget.SetCursorPosition(14)
