@@ -224,7 +224,7 @@ def test_looks_are_drawn_as_plain_calls_would(screen, clock, monkeypatch, change
     assert_edit(widget, screen, focused, widget.image, 38, camera)
     monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: PICTURE))
     widget.SetImage_FocusIn("focus.png")
-    assert (widget.GetImage_focusIn(), widget.image_focusIn_File) == (PICTURE, "focus.png")
+    assert (widget.GetImage_focusIn(), widget.GetImageFile_focusIn()) == (PICTURE, "focus.png")
     assert_edit(widget, screen, focused, PICTURE, 38)
     assert_edit(dress(widget, focusIn=False), screen, GREY, widget.image, None, camera)
     assert_edit(dress(widget, image=None), screen, GREY, None, None, camera)
