@@ -42,16 +42,20 @@ def outcome(function, *args):
     return None
 
 
-def multiplied(size, color, picture, onto_color):
-    block = pygame.Surface(size).convert_alpha()
-    block.fill(color)
-    below, above = (block, picture) if onto_color else (picture.copy(), block)
+# The first, multiplied by the second.
+def multiplied(below, above):
     below.blit(above, (0, 0), special_flags=pygame.BLEND_RGBA_MULT)
     return below
 
 
+def block(size, color):
+    surface = pygame.Surface(size).convert_alpha()
+    surface.fill(color)
+    return surface
+
+
 def faded(image, alpha):
-    return multiplied(image.get_size(), (255, 255, 255, alpha), image, onto_color=True)
+    return multiplied(block(image.get_size(), (255, 255, 255, alpha)), image)
 
 
 # World values of a root node with the given look, seen through the camera.
@@ -83,17 +87,15 @@ def finished(place, image, color):
     picture = picture.convert_alpha()
     if color is None:
         return picture
-    return multiplied(picture.get_size(), color, picture, onto_color=False)
+    return multiplied(picture.copy(), block(picture.get_size(), color))
 
 
 def draw_background(target, place, color):
     if place.WAngle == 0:
         pygame.draw.rect(target, color, place.rect, 0)
         return
-    white = pygame.Surface(place.size()).convert_alpha()
-    white.fill(color)
-    block = pygame.transform.rotozoom(white, place.WAngle, 1)
-    target.blit(block, place.corner(block))
+    picture = pygame.transform.rotozoom(block(place.size(), color), place.WAngle, 1)
+    target.blit(picture, place.corner(picture))
 
 
 # The picture of a root image widget without border and overlays.
@@ -175,10 +177,11 @@ def draw_relief(target, rect, style):
 # What `paint` draws on a sheet of the unscaled size, turned with the widget.
 def draw_turned(target, place, paint, keyed=False):
     sheet = pygame.Surface((int(place.width), int(place.height)))
-    sheet = sheet if keyed else sheet.convert_alpha()
-    sheet.fill((0, 0, 0) if keyed else (0, 0, 0, 0))
     if keyed:
-        sheet.set_colorkey((0, 0, 0), pygame.SRCCOLORKEY)
+        sheet.set_colorkey((0, 0, 0))
+    else:
+        sheet = sheet.convert_alpha()
+        sheet.fill((0, 0, 0, 0))
     paint(sheet)
     picture = pygame.transform.smoothscale(sheet.convert_alpha(), place.size())
     picture = pygame.transform.rotozoom(picture, place.WAngle, 1)
@@ -208,19 +211,14 @@ def draw_parts(target, widget, parts, camera=CAMERA):
         draw_border(target, place, part[5])
 
 
-LOOKS = {
-    "still": {},
-    "scaled": {"sx": 1.5, "sy": 0.75},
-    "turned": {"angle": 30.0},
-    "scaled and turned": {"sx": 1.25, "sy": 1.5, "angle": -70.0},
-}
-SHIFTED = (7, -3, 1.5)
+LOOKS = {"still": {}, "scaled": {"sx": 1.5, "sy": 0.75}, "turned": {"angle": 30.0}}
+LOOKS["scaled and turned"] = {"sx": 1.25, "sy": 1.5, "angle": -70.0}
 
 
 # The widget, in every look and through two cameras, is what `draw(target, camera)` paints.
 def assert_painted(widget, screen, look, draw):
     dress(widget, **LOOKS[look])
-    for camera in (CAMERA, SHIFTED, CAMERA):
+    for camera in (CAMERA, (7, -3, 1.5), CAMERA):
         screen.blit(ground(screen.get_size()), (0, 0))
         assert_draws(widget, screen, lambda target, camera=camera: draw(target, camera), camera)
 

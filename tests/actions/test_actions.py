@@ -95,6 +95,12 @@ def test_blinking():
     for delay, state in zip((0.1, 0.2, 0.3, 0.1, 0.4, 0.5), states):
         action.update(delay)
         assert (node.IsVisible(), action.blinkindex) == state and action.over is (state[1] == 2)
+    # An ended blink never ends again, nor does an endless one.
+    node.SetVisible(True)
+    action.Run()
+    for _ in range(8):
+        action.update(0.6)
+    assert action.over is False and action.blinkindex > 2
     endless = T.BlinkAction(duration=1)
     node = started(endless)
     for step in range(1, 100):
@@ -173,25 +179,18 @@ def test_run_action():
 
 
 ACTION = T.GAction()
-NO_ACTIONS = {
-    "list": [ACTION, ACTION],
-    "tuple": (ACTION,),
-    "none": None,
-    "number": 5,
-    "node": T.GameNode(None),
-    "class without SetTarget": object,
-    "class of actions": T.MoveToAction,
-}
+NO_ACTIONS = {"list": [ACTION, ACTION], "tuple": (ACTION,), "none": None, "number": 5}
+NO_ACTIONS.update({"node": T.GameNode(None), "class": object, "actions": T.MoveToAction})
 
 
 @pytest.mark.parametrize("bad", NO_ACTIONS.values(), ids=NO_ACTIONS)
 def test_a_player_refuses_what_is_no_action_and_stays_as_it_was(bad):
-    node, good = make_node(), T.MoveByAction(1, 10, 0)
-    with pytest.raises(TypeError, match="SetTarget") as refused:
-        node.RunAction(T.GAction(), bad)
-    assert repr(bad) in str(refused.value) and node.ActionPlayer is None
+    node, good, unplayed = make_node(), T.MoveByAction(1, 10, 0), T.GAction()
+    refused = pytest.raises(TypeError, node.RunAction, T.GAction(), bad)
+    assert all(word in str(refused.value) for word in ("SetTarget", repr(bad)))
+    assert node.ActionPlayer is None
     node.RunAction(good)
-    before, unplayed = dict(vars(node.ActionPlayer)), T.GAction()
+    before = dict(vars(node.ActionPlayer))
     for call in (node.RunAction, lambda *actions: node.ActionPlayer.AddActions([], actions)):
         pytest.raises(TypeError, call, unplayed, bad)
         assert dict(vars(node.ActionPlayer)) == before and unplayed.targetNode is None
@@ -203,71 +202,45 @@ def test_a_new_player_that_cannot_run_goes(screen):
     def fail(self, node=None):
         raise ValueError(node)
 
-    node = make_node()
-    for step in ("SetTarget", "Run"):
-        pytest.raises(ValueError, node.RunAction, type("Stubborn", (T.GAction,), {step: fail})())
+    bodies, node = ({"SetTarget": fail}, {"Run": fail}), make_node()
+    stubborn = [type("Stubborn", (T.GAction,), body)() for body in bodies]
+    for action in stubborn:
+        pytest.raises(ValueError, node.RunAction, action)
         assert node.ActionPlayer is None
     node.update(1)
-
-
-def test_a_list_of_actions_is_told_from_actions():
-    with pytest.raises(TypeError, match=r"\*actions"):
-        make_node().RunAction([ACTION])
-
-
-@pytest.mark.parametrize("group", [ACTION, None, 5], ids=["action", "none", "number"])
-def test_a_group_must_hold_actions(group):
+    # A player that was there before keeps its groups.
     player = T.ActionPlayer()
     player.SetTarget("node")
-    pytest.raises(TypeError, player.AddActions, [ACTION], group)
-    assert player.ActionArray is None
+    pytest.raises(ValueError, player.AddActions, stubborn[:1])
+    assert player.ActionArray == (stubborn[:1],)
 
 
-def test_groups_of_any_kind_get_the_target_once():
+def test_a_group_is_anything_that_holds_actions():
     player, actions = T.ActionPlayer(), [T.GAction() for _ in range(3)]
     player.SetTarget("node")
-    player.AddActions(iter(actions[:1]), {"key": 0}.fromkeys(actions[1:2]), tuple(actions[2:]))
+    for group in (ACTION, None, 5):
+        pytest.raises(TypeError, player.AddActions, [ACTION], group)
+        assert player.ActionArray is None
+    player.AddActions(iter(actions[:1]), {actions[1]: 0}, tuple(actions[2:]))
     assert [action.targetNode for action in actions] == ["node"] * 3
-
-
-def test_groups_stay_when_an_action_fails_to_take_the_target():
-    class Failing(T.GAction):
-        def SetTarget(self, targetNode):
-            raise KeyError("target")
-
-    player, group = T.ActionPlayer(), [Failing()]
-    player.SetTarget("node")
-    pytest.raises(KeyError, player.AddActions, group)
-    assert player.ActionArray == (group,)
+    # A list of actions is told from actions.
+    pytest.raises(TypeError, make_node().RunAction, [ACTION]).match(r"\*actions")
 
 
 @pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls not in (T.BlinkAction, T.GAction)])
 def test_an_action_that_has_ended_starts_again_when_it_is_run_again(cls):
-    calls = []
+    calls, node = [], make_node()
     action = cls(*((2, calls.append) if cls is T.CallBackAction else CLASSES[cls]))
-    node = make_node()
     for played in (1, 2):
         node.RunAction(action)
         assert (action.over, action.runtime) == (False, 0)
-        node.update(1)
-        assert action.over is False
-        node.update(1)
-        assert action.over is True and len(calls) == (played if cls is T.CallBackAction else 0)
+        for over in (False, True):
+            node.update(1)
+            assert action.over is over
+        assert len(calls) == (played if cls is T.CallBackAction else 0)
     by = {T.MoveByAction: (6, 8), T.ScaleByAction: (7, 9), T.RotateByAction: 6}
     found = {T.MoveByAction: node.GetXY(), T.ScaleByAction: node.GetSXY()}
     assert found.get(cls, node.angle) == by.get(cls, node.angle)
-
-
-def test_an_ended_blink_never_ends_again():
-    action = T.BlinkAction(1, 1)
-    node = started(action)
-    action.update(0.1)
-    assert (action.over, action.blinkindex) == (True, 1)
-    node.SetVisible(True)
-    action.Run()
-    for _ in range(8):
-        action.update(0.3)
-    assert action.over is False and action.blinkindex > 1
 
 
 @pytest.mark.parametrize("cls", [cls for cls in CLASSES if cls is not T.GAction])

@@ -1,9 +1,8 @@
 """Progress bars: how far they are filled, and with what."""
 
-import pygame
 import pytest
 import Tessora as T
-from picture_oracle import LOOKS, assert_parts, noise
+from picture_oracle import LOOKS, assert_parts, assert_same, noise
 
 WHITE, RED, DARK, GREY = (255,) * 4, (64, 0, 0, 255), (64, 64, 64, 255), (128, 128, 128, 255)
 FILLS = [(0, 0, 100, 0), (50, 0, 100, 50), (100, 0, 100, 100), (150, 0, 100, 100)]
@@ -23,29 +22,27 @@ def test_the_fill_is_the_share_of_the_range(screen, cls, value, least, most, fil
     assert filled - 1 in marker.GetXY()
 
 
-def test_the_fill_is_as_broad_as_the_bar(screen):
+def test_the_fill_is_as_broad_as_the_bar_and_needs_a_range(screen):
     bar = T.GUI_HProgressBar(None, 0, 0)
     bar.SetHeight(30)
     bar.draw(screen)
     assert (bar.ProgressImage.height, bar.PositionImage.height) == (30, 30)
-
-
-def test_a_range_without_extent(screen):
-    bar = T.GUI_HProgressBar()
     bar.SetRange(3, 3)
     pytest.raises(ZeroDivisionError, bar.draw, screen)
 
 
+ACROSS = [(0, 0, 100, 20, WHITE, "sunken"), (0, 0, 50, 20, RED, None), (49, 0, 2, 20, GREY, None)]
+DOWN = [(0, 0, 20, 100, WHITE, "sunken"), (0, 0, 20, 50, DARK, None), (0, 49, 20, 2, GREY, None)]
+LYING = [(T.GUI_HProgressBar, ACROSS), (T.GUI_VProgressBar, DOWN)]
+
+
 @pytest.mark.parametrize("look", LOOKS)
-def test_bars_in_every_look(screen, look):
-    for marker in (False, True):
-        across, down = T.GUI_HProgressBar(None, 80, 70), T.GUI_VProgressBar(None, 80, 70)
-        for bar in (across, down):
-            bar.SetPositionImageVisible(marker)
-        parts = [(0, 0, 100, 20, WHITE, "sunken"), (0, 0, 50, 20, RED, None)]
-        assert_parts(across, screen, look, parts + [(49, 0, 2, 20, GREY, None)] * marker, True)
-        parts = [(0, 0, 20, 100, WHITE, "sunken"), (0, 0, 20, 50, DARK, None)]
-        assert_parts(down, screen, look, parts + [(0, 49, 20, 2, GREY, None)] * marker, True)
+@pytest.mark.parametrize(("cls", "parts"), LYING)
+def test_bars_in_every_look(screen, look, cls, parts):
+    bar = cls(None, 80, 70)
+    for count in (2, 3):
+        bar.SetPositionImageVisible(count == 3)
+        assert_parts(bar, screen, look, parts[:count], framed=True)
 
 
 def test_pictures_fill_the_bar_in_their_own_colors(screen):
@@ -53,9 +50,7 @@ def test_pictures_fill_the_bar_in_their_own_colors(screen):
     bar.SetProgressImages(picture)
     bar.SetStyle("flat")
     bar.draw(screen)
-    got, expected = screen.subsurface((10, 10, 50, 20)), pygame.Surface((50, 20))
-    expected.blit(picture, (0, 0))
-    assert pygame.image.tobytes(got, "RGB") == pygame.image.tobytes(expected, "RGB")
+    assert_same(screen.subsurface((10, 10, 50, 20)), picture)
     bar.SetProgressImageVisible(False)
     bar.draw(screen)
     assert screen.get_at((12, 12)) == WHITE

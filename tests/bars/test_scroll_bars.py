@@ -2,19 +2,11 @@
 
 from types import SimpleNamespace
 
+import picture_oracle as oracle
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import (
-    LOOKS,
-    assert_painted,
-    assert_parts,
-    draw_border,
-    draw_parts,
-    draw_turned,
-    dress,
-    part_place,
-)
+from picture_oracle import LOOKS, assert_painted, assert_parts, dress, part_place
 
 GREY = (168, 168, 168, 255)
 KINDS = {"H": (T.GUI_HScrollBar, "Left", "Right", 0), "V": (T.GUI_VScrollBar, "Up", "Down", 1)}
@@ -28,6 +20,14 @@ class Bar:
 
     def press(self, name):
         getattr(self.widget, name + "BtnPickDownFunction")()
+
+    def stretch(self, length):
+        setattr(self.widget, "width" if self.axis == 0 else "height", length)
+
+    # Draws it, and tells where the thumb stands.
+    def drawn(self, screen):
+        self.widget.draw(screen, 0, 0, 1.0)
+        return self.thumb()
 
     def thumb(self):
         return self.widget.MidButton.GetXY()[self.axis]
@@ -67,21 +67,16 @@ def test_end_buttons_step_to_the_ends(bar):
     assert (bar.widget.GetValue(), bar.thumb()) == (95, 80)
 
 
-@pytest.mark.parametrize(("value", "place"), [(0, 20), (50, 50), (100, 80), (150, 110)])
-def test_the_thumb_stands_where_the_value_says(bar, screen, value, place):
+# Least, most and value; the place of the thumb.
+PLACES = [(0, 100, 0, 20), (0, 100, 50, 50), (0, 100, 100, 80), (0, 100, 150, 110)]
+PLACES += [(50, 150, 100, 50), (150, 50, 100, 50)]
+
+
+@pytest.mark.parametrize(("least", "most", "value", "place"), PLACES)
+def test_the_thumb_stands_where_the_value_says(bar, screen, least, most, value, place):
+    bar.widget.SetRange(least, most)
     bar.widget.SetValue(value)
-    bar.widget.draw(screen, 0, 0, 1.0)
-    assert (bar.thumb(), bar.widget.GetValue()) == (place, value)
-
-
-def test_the_share_is_of_the_range(bar, screen):
-    bar.widget.SetRange(50, 150)
-    bar.widget.SetValue(100)
-    bar.widget.draw(screen, 0, 0, 1.0)
-    assert bar.thumb() == 50
-    bar.widget.SetRange(150, 50)
-    bar.widget.draw(screen, 0, 0, 1.0)
-    assert bar.thumb() == 50
+    assert (bar.drawn(screen), bar.widget.GetValue()) == (place, value)
     bar.widget.SetRange(7, 7)
     pytest.raises(ZeroDivisionError, bar.widget.draw, screen, 0, 0, 1.0)
 
@@ -93,17 +88,16 @@ DRAGS = {30: 0, 31: 0, 36: 10, 60: 50, 89: 90, 90: 100, 400: 100, -400: 0}
 def test_the_thumb_follows_the_pointer_until_the_release(bar, screen, pointer, scale):
     widget, told = bar.widget, []
     widget.SetPickUpFunction(lambda node: told.append(node.GetValue()))
-    widget.draw(screen, 0, 0, 1.0)
+    bar.drawn(screen)
     widget.OnPickDownFunction(*bar.point(30))
     dress(widget, sx=scale, sy=scale)
     for along, value in DRAGS.items():
         pointer.place = bar.point(along * scale)
-        widget.draw(screen, 0, 0, 1.0)
-        assert (widget.GetValue(), bar.thumb()) == (value, (20 + 0.6 * value) * scale)
+        assert bar.drawn(screen) == (20 + 0.6 * value) * scale and widget.GetValue() == value
     widget.OnPickUpFunction(500, 500)
     assert (widget.MidButtonPicked, told) == (False, [0])
     pointer.place = bar.point(60)
-    widget.draw(screen, 0, 0, 1.0)
+    bar.drawn(screen)
     assert widget.GetValue() == 0
 
 
@@ -112,11 +106,11 @@ def test_a_dragged_value_is_a_whole_number_of_steps_from_the_minimum(bar, screen
     widget = bar.widget
     widget.SetRange(7, 107)
     widget.SetStep(1)
-    setattr(widget, "width" if bar.axis == 0 else "height", 160)
+    bar.stretch(160)
     widget.OnPickDownFunction(0, 0)
     bar.press("Mid")
     pointer.place = bar.point(30 + 29)
-    widget.draw(screen, 0, 0, 1.0)
+    bar.drawn(screen)
     assert widget.GetValue() == 7 + int(29 / 100 * 100 / 1)
 
 
@@ -132,16 +126,12 @@ def test_a_disabled_bar_takes_no_press_and_keeps_its_drag(bar, screen):
 
 
 def test_a_script_may_replace_the_callbacks(screen):
-    class Counter(T.GUI_HScrollBar):
-        pressed = 0
-
-        def RightBtnPickDownFunction(self, node=None):
-            self.pressed += 1
-
-    counter = Counter()
-    counter.draw(screen)
-    counter.OnPickDownFunction(110, 10)
-    assert (counter.pressed, counter.GetValue()) == (1, 0)
+    pressed = []
+    own = {"RightBtnPickDownFunction": lambda self, node=None: pressed.append(self)}
+    bar = type("Own", (T.GUI_HScrollBar,), own)()
+    bar.draw(screen)
+    bar.OnPickDownFunction(110, 10)
+    assert (pressed, bar.GetValue()) == ([bar], 0)
 
 
 @pytest.mark.parametrize("look", LOOKS)
@@ -151,22 +141,15 @@ def test_a_bar_in_every_look(bar, screen, look, pointer):
 
 
 def test_the_last_button_stays_at_the_end(bar, screen):
-    setattr(bar.widget, "width" if bar.axis == 0 else "height", 200)
-    bar.widget.draw(screen, 0, 0, 1.0)
-    last = getattr(bar.widget, bar.last + "Button")
-    assert last.GetXY()[bar.axis] == 180
-
-
-def scale_at(x, y, **changes):
-    widget = dress(T.GUI_Scale(None, x, y), **changes)
-    widget.font = pygame.font.Font(None, 20)
-    return widget
+    bar.stretch(200)
+    bar.drawn(screen)
+    assert getattr(bar.widget, bar.last + "Button").GetXY()[bar.axis] == 180
 
 
 @pytest.mark.parametrize("align", ["bottom", "top", "center"])
 @pytest.mark.parametrize("look", ["still", "scaled", "turned"])
 def test_a_scale_in_every_look(screen, pointer, align, look):
-    widget = scale_at(60, 60)
+    widget = dress(T.GUI_Scale(None, 60, 60), font=pygame.font.Font(None, 20))
     widget.SetTextAlign(align)
     widget.SetTextColor(250, 240, 200)
     size = widget.font.size("50")
@@ -185,16 +168,16 @@ def test_a_scale_in_every_look(screen, pointer, align, look):
         sheet.blit(text, (corner[0] + left * sx, corner[1] + top * sy))
 
     def draw(target, camera):
-        draw_parts(target, widget, [(0, 0, 120, 20, GREY, None)], camera)
+        oracle.draw_parts(target, widget, [(0, 0, 120, 20, GREY, None)], camera)
         place = part_place(widget, (0, 0, 120, 20), camera)
         if place.WAngle == 0:
             ruler(target, (place.WX, place.WY), place.WSX, place.WSY)
         else:
             reach = 0 if align == "center" else 2 + size[1]
             tall = part_place(widget, (0, -reach, 120, 20 + 2 * reach), camera)
-            draw_turned(target, tall, lambda sheet: ruler(sheet, (0, reach)))
-        draw_border(target, place, "sunken")
-        draw_parts(target, widget, [(50, 0, 20, 20, GREY, "raised")], camera)
+            oracle.draw_turned(target, tall, lambda sheet: ruler(sheet, (0, reach)))
+        oracle.draw_border(target, place, "sunken")
+        oracle.draw_parts(target, widget, [(50, 0, 20, 20, GREY, "raised")], camera)
 
     assert_painted(widget, screen, look, draw)
 

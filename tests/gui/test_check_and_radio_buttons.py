@@ -1,6 +1,7 @@
 """Check and radio buttons: their looks, their box, and what a click does."""
 
 import math
+from functools import partial
 from types import SimpleNamespace
 
 import pygame
@@ -10,7 +11,7 @@ from picture_oracle import LOOK, Place, assert_draws, draw_widget, dress, ground
 
 AWAY, INSIDE = (300, 200), (60, 40)
 STATES = {"": (AWAY, False), "_hover": (INSIDE, False), "_click": (INSIDE, True)}
-COLORS = {"": (10, 20, 200, 255), "_hover": (20, 200, 30, 255), "_click": (200, 30, 40, 255)}
+COLORS = {"": (10, 20, 200), "_hover": (20, 200, 30), "_click": (200, 30, 40)}
 DARK = pygame.Color(64, 64, 64)
 
 
@@ -21,19 +22,16 @@ def pointer(monkeypatch):
     return pointer
 
 
-def check_button(**changes):
-    widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30)
-    for state, (red, green, blue, alpha) in COLORS.items():
-        setattr(widget, "bgColor" + state, pygame.Color(red, green, blue, alpha))
-        setattr(widget, f"bgColor{state}_checked", pygame.Color(blue, red, green, alpha))
+def button(cls, **changes):
+    widget = dress(cls(None, 40, 30), textVisible=False, height=30)
+    for state, (red, green, blue) in COLORS.items():
+        setattr(widget, "bgColor" + state, pygame.Color(red, green, blue))
+        setattr(widget, f"bgColor{state}_checked", pygame.Color(blue, red, green))
     return dress(widget, **changes)
 
 
-def radio_button(**changes):
-    widget = dress(T.GUI_RadioButton(None, 40, 30), textVisible=False, height=30)
-    for state, color in COLORS.items():
-        setattr(widget, "bgColor" + state, pygame.Color(*color))
-    return dress(widget, **changes)
+check_button = partial(button, T.GUI_CheckButton)
+radio_button = partial(button, T.GUI_RadioButton)
 
 
 def empty_sheet(side):
@@ -44,14 +42,12 @@ def empty_sheet(side):
 
 def drawn_check_box(side, width, marked):
     sheet, near, far = empty_sheet(side), side * 0.1, side - side * 0.1 - 1
-    corners = [(near, near), (far, near), (far, far), (near, far)]
-    for start, end in zip(corners, corners[1:] + corners[:1]):
-        pygame.draw.line(sheet, DARK, min(start, end), max(start, end), width)
-    if marked:
-        inner, tip = side * 0.2, side * 0.4
-        outer = side - inner - 1
-        pygame.draw.line(sheet, DARK, (inner, side * 0.5), (tip, outer), width)
-        pygame.draw.line(sheet, DARK, (tip, outer), (outer, inner), width)
+    inner, tip, outer = side * 0.2, side * 0.4, side - side * 0.2 - 1
+    lines = [((near, near), (far, near)), ((far, near), (far, far))]
+    lines += [((near, far), (far, far)), ((near, near), (near, far))]
+    lines += [((inner, side * 0.5), (tip, outer)), ((tip, outer), (outer, inner))] * marked
+    for start, end in lines:
+        pygame.draw.line(sheet, DARK, start, end, width)
     return sheet
 
 
@@ -71,33 +67,27 @@ def drawn_radio_box(side, width, marked):
 
 
 def draw_box(target, place, box, side):
-    size = int(side * place.WSX), int(side * place.WSY)
-    picture = pygame.transform.smoothscale(box, size)
+    picture = pygame.transform.smoothscale(box, (int(side * place.WSX), int(side * place.WSY)))
     if place.WAngle == 0:
-        top = place.WY + (place.height - side) * 0.5 * place.WSY
-        target.blit(picture.convert_alpha(), (int(place.WX), int(top)))
-        return
-    picture = pygame.transform.rotozoom(picture, place.WAngle, 1).convert_alpha()
-    turn, away = math.radians(place.WAngle), (place.width - side) * 0.5 * place.WSX
-    middle_x = place.WX + place.width / 2 * place.WSX - away * math.cos(turn)
-    middle_y = place.WY + place.height / 2 * place.WSY + away * math.sin(turn)
-    width, height = picture.get_size()
-    target.blit(picture, (int(middle_x - width / 2), int(middle_y - height / 2)))
+        corner = place.WX, place.WY + (place.height - side) * 0.5 * place.WSY
+    else:
+        picture = pygame.transform.rotozoom(picture, place.WAngle, 1)
+        turn, away = math.radians(place.WAngle), (place.width - side) * 0.5 * place.WSX
+        left, top = place.corner(picture)
+        corner = left - away * math.cos(turn), top + away * math.sin(turn)
+    target.blit(picture.convert_alpha(), [int(side) for side in corner])
 
 
 # `end` names the attributes of the look; `box` is drawn, or a picture.
 def assert_look(widget, screen, end, box, camera=(0, 0, 1.0)):
     look = {name: getattr(widget, name) for name in LOOK}
+    color, picture = getattr(widget, "bgColor" + end), getattr(widget, "image" + end)
 
     def expected(target):
-        draw_widget(
-            target, camera, **dict(look, image=None, bgColor=getattr(widget, "bgColor" + end))
-        )
-        picture = getattr(widget, "image" + end)
+        draw_widget(target, camera, **dict(look, image=None, bgColor=color))
         if picture is not None:
             draw_widget(target, camera, **dict(look, image=picture))
-        if box is not None:
-            draw_box(target, Place(look, camera), box, widget.height - widget.texttopgap)
+        draw_box(target, Place(look, camera), box, widget.height - widget.texttopgap)
 
     screen.blit(ground(screen.get_size()), (0, 0))
     assert_draws(widget, screen, expected, camera)
@@ -114,10 +104,8 @@ PLACES += [{"borderwidth": 3, "texttopgap": 6}, {"style": "hollow"}, {"bgColor_h
 @pytest.mark.parametrize("value", [False, True])
 def test_looks_are_drawn_as_plain_calls_would(screen, pointer, kind, state, value, changes):
     make, drawn = DRAWN[kind]
-    widget = make(**changes)
-    dress(widget, **{"CheckValue" if kind == "check" else "RadioValue": value})
-    pointer.place, widget.clicked = STATES[state]
-    pointer.place = INSIDE if state else AWAY
+    pointer.place, clicked = STATES[state]
+    widget = make(clicked=clicked, CheckValue=value, RadioValue=value, **changes)
     end = state + ("_checked" if value and kind == "check" else "")
     box = drawn(widget.height - widget.texttopgap, widget.borderwidth, value)
     for camera in ((0, 0, 1.0), (0, 0, 1.0), (-3, 4, 1.25)):
@@ -142,26 +130,27 @@ def test_box_pictures(screen, pointer, state, angle):
 
 @pytest.mark.parametrize("kind", DRAWN)
 def test_hidden_boxes_leave_the_text_in_its_place(screen, pointer, kind):
-    widget, gaps = DRAWN[kind][0](text="ab", textleftgap=5), []
-    widget.drawText = lambda surface, text, color: gaps.append((text, widget.textleftgap))
+    color, gaps = pygame.Color(9, 8, 7), []
+    widget = DRAWN[kind][0](text="ab", textleftgap=5, CheckValue=True)
+    setattr(widget, "textColor_checked" if kind == "check" else "textColor", color)
+    widget.drawText = lambda surface, *drawn: gaps.append((*drawn, widget.textleftgap))
     for visible in (True, False):
         getattr(widget, f"Set{kind.title()}BoxVisible")(visible)
         widget.draw(screen)
-    assert gaps == [("ab", 5 + 28), ("ab", 5)]
+    assert gaps == [("ab", color, 5 + 28), ("ab", color, 5)]
     assert (widget.textleftgap, widget.texttopgap) == (5, 2)
 
 
 @pytest.mark.parametrize("make", [T.GUI_CheckButton, T.GUI_RadioButton])
 def test_the_gaps_come_back_when_the_text_fails(screen, make):
-    seen = []
+    widget, seen = make(None, 0, 0), []
 
-    class Failing(make):
-        def drawText(self, surface, *args):
-            seen.append(self.textleftgap)
-            self.texttopgap = 9
-            raise LookupError("text")
+    def fail(surface, *args):
+        seen.append(widget.textleftgap)
+        widget.texttopgap = 9
+        raise LookupError("text")
 
-    widget = Failing(None, 0, 0)
+    widget.drawText = fail
     pytest.raises(LookupError, widget.draw, screen)
     assert seen == [2 + 18] and (widget.textleftgap, widget.texttopgap) == (2, 2)
 
@@ -181,36 +170,18 @@ OWN_LOOKS += [("SetImage_Checked", ("a.png",)), ("SetImage_Click_Checked", ("a.p
 OWN_LOOKS += [("SetImage_CheckBox_Checked", ("a.png",)), ("SetImage_CheckBox", ("a.png",))]
 
 
-def picture_of(widget, screen):
-    screen.blit(ground(screen.get_size()), (0, 0))
-    widget.draw(screen)
-    return pygame.image.tobytes(screen, "RGB")
-
-
-def test_a_fresh_button_looks_the_same_checked(screen, pointer):
-    widget = T.GUI_CheckButton(None, 40, 30, "text")
-    pictures = set()
-    for value in (False, True):
-        widget.SetChecked(value)
-        pictures.add(picture_of(widget, screen))
-        widget.SetBGColor_Checked(128, 128, 128)
-        widget.SetBGColor_Checked(*T.GUI_WINDOW_BGCOLOR[:3])
-        widget.bgColor_checked = pygame.Color(*T.GUI_WINDOW_BGCOLOR)
-    assert len(pictures) == 1
-
-
 @pytest.mark.parametrize(("setter", "values"), OWN_LOOKS)
-def test_the_mark_shows_once_the_checked_look_is_its_own(
-    screen, pointer, monkeypatch, setter, values
-):
+def test_the_mark_shows_once_the_look_is_its_own(screen, pointer, monkeypatch, setter, values):
     monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
     widget = dress(T.GUI_CheckButton(None, 40, 30), textVisible=False, height=30, CheckValue=True)
-    assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
+    # Fresh, and with an equal colour.
+    for color in (widget.bgColor_checked, pygame.Color(*T.GUI_WINDOW_BGCOLOR)):
+        widget.bgColor_checked = color
+        assert_look(widget, screen, "_checked", drawn_check_box(28, 2, False))
     getattr(widget, setter)(*values)
-    box = widget.image_checkbox_checked or drawn_check_box(28, 2, True)
-    assert_look(widget, screen, "_checked", box)
-    box = widget.image_checkbox or drawn_check_box(28, 2, False)
-    assert_look(dress(widget, CheckValue=False), screen, "", box)
+    for value, end in ((True, "_checked"), (False, "")):
+        box = getattr(widget, "image_checkbox" + end) or drawn_check_box(28, 2, value)
+        assert_look(dress(widget, CheckValue=value), screen, end, box)
 
 
 def test_checked_colours_are_the_unchecked_objects():
@@ -242,10 +213,8 @@ def test_a_click_checks_before_the_callback(pointer):
     click(widget, INSIDE, AWAY)
     click(widget, AWAY, INSIDE)
     for name in ("enable", "visible", "Enable_PickUp"):
-        setattr(widget, name, False)
-        click(widget)
-        setattr(widget, name, True)
-        widget.clicked = False
+        click(dress(widget, **{name: False}))
+        dress(widget, clicked=False, **{name: True})
     assert widget.CheckValue is False and seen[:2] == [True, False]
 
 
@@ -276,14 +245,16 @@ def test_a_click_chooses_among_the_parents_radio_buttons():
 
 
 def test_checked_pictures_of_radio_boxes_are_kept_but_not_drawn(screen, pointer, monkeypatch):
-    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: noise((9, 9), 2)))
+    picture = noise((9, 9), 2)
+    monkeypatch.setattr(T, "Res", SimpleNamespace(LoadImage=lambda name: picture))
     widget = radio_button(RadioValue=True)
-    for state in ("", "_Hover", "_Click"):
-        before = list(vars(widget))
-        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is None
-        assert list(vars(widget)) == before
-        getattr(widget, f"SetImage_RadioBox{state}_Checked")("a.png")
-        assert getattr(widget, f"GetImage_RadioBox{state}_Checked")() is not None
+    before = list(vars(widget))
+    getters = [f"GetImage_RadioBox{state}_Checked" for state in ("", "_Hover", "_Click")]
+    assert [getattr(widget, getter)() for getter in getters] == [None] * 3
+    assert list(vars(widget)) == before
+    for getter in getters:
+        getattr(widget, "S" + getter[1:])("a.png")
+        assert getattr(widget, getter)() is picture
     assert_look(widget, screen, "", drawn_radio_box(28, 2, True))
 
 

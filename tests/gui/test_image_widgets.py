@@ -6,15 +6,7 @@ import pygame
 import pytest
 import Tessora as T
 from helpers import ink
-from picture_oracle import (
-    LOOK,
-    Place,
-    assert_draws,
-    assert_same,
-    assert_widget,
-    dress,
-    outcome,
-)
+from picture_oracle import LOOK, Place, assert_draws, assert_same, assert_widget, dress, outcome
 
 IMAGES = {name: pygame.Surface((10 + index, 20)) for index, name in enumerate("abc")}
 FILES = [("a", "a"), (["a", "b"], "ab"), (("c", "a", "c"), "cac"), ([], ""), (["?", "b"], "?b")]
@@ -43,10 +35,10 @@ def test_files_and_surfaces(screen, monkeypatch, files, names):
     assert_widget(widget, screen)
 
 
-def animated():
-    frames = list(IMAGES.values())
+def animated(**changes):
+    frames = [image.copy() for image in IMAGES.values()]
     widget = dress(T.GUI_Image(), imageArray=frames, imageCount=3, imageAutoSwitch=True)
-    return dress(widget, imageSwitchDelay=0.25, image=frames[0]), frames
+    return dress(widget, **{"imageSwitchDelay": 0.25, "image": frames[0], **changes}), frames
 
 
 # Changed attributes, delays, and then: index, what is left of the delay, frame shown.
@@ -61,22 +53,15 @@ UPDATES += [({"imageIndex": 3**60 + 1}, [0.25], 2, 0, 2), ({"imageIndex": 7.5}, 
 
 @pytest.mark.parametrize(("changes", "delays", "index", "rest", "shown"), UPDATES)
 def test_frames_advance_one_per_update(changes, delays, index, rest, shown):
-    widget, frames = animated()
-    dress(widget, **changes)
+    widget, frames = animated(**changes)
     for delay in delays:
         widget.update(delay)
     assert (widget.imageIndex, widget.imageDelay) == (index, rest)
     assert widget.image is frames[shown]
 
 
-def test_an_infinite_index_has_no_place_among_the_frames():
-    widget, _ = animated()
-    widget.imageIndex = float("inf")
-    pytest.raises(OverflowError, widget.update, 0.25)
-
-
 def test_single_frames_and_mirrors(screen):
-    (source, frames), mirror = animated(), T.GUI_Image()
+    (source, frames), (mirror, own) = animated(), animated()
     for index in (2, 0, 1, -1, 3, 2**70, None, "1", 0.5, [1]):
         source.SwitchImage(index)
         assert (source.image, source.imageIndex) == (frames[index if index in (0, 2) else 1], 0)
@@ -85,23 +70,17 @@ def test_single_frames_and_mirrors(screen):
     assert (mirror.originalImage, mirror.image, mirror.autosize) == (source, frames[0], True)
     source.update(0.25)
     assert (mirror.image, mirror.width) == (frames[0], 10)
+    # A mirror does not play its own frames, until it is none.
     mirror.update(9.0)
-    assert (mirror.image, mirror.width, mirror.imageIndex) == (frames[1], 11, 0)
+    assert (mirror.image, mirror.width) == (frames[1], 11)
+    assert (mirror.imageIndex, mirror.imageDelay) == (0, 0)
+    dress(mirror, originalImage=None).update(0.25)
+    assert (mirror.image, mirror.imageIndex) == (own[1], 1)
     mirror.UseImage(SimpleNamespace(GetImage=lambda: IMAGES["c"]), False)
     assert_widget(mirror, screen)
     assert outcome(mirror.UseImage, None, True) is AttributeError
     assert outcome(source.update, "soon") is TypeError
-
-
-def test_a_mirror_does_not_play_its_own_frames():
-    (source, frames), (mirror, own) = animated(), animated()
-    mirror.UseImage(source, False)
-    for delay in (0.25, 0.5):
-        mirror.update(delay)
-    assert (mirror.image, mirror.imageIndex, mirror.imageDelay) == (frames[0], 0, 0)
-    mirror.originalImage = None
-    mirror.update(0.25)
-    assert (mirror.image, mirror.imageIndex) == (own[1], 1)
+    assert outcome(animated(imageIndex=float("inf"))[0].update, 0.25) is OverflowError
 
 
 PLACES = [(150, 60, True), (0, 60, True), (-0.25, 60, False), (300, 60, True), (300.25, 60, False)]
@@ -131,8 +110,8 @@ def plain(screen, style="flat", **changes):
     return dress(widget, **{"bgColor": None, "borderColor": pygame.Color(*SOLID), **changes})
 
 
-def shown(widget, screen, places, camera=(0, 0, 1.0)):
-    widget.draw(screen, *camera)
+def shown(widget, screen, places):
+    widget.draw(screen, 0, 0, 1.0)
     return [tuple(screen.get_at(place))[:3] for place in places]
 
 
@@ -154,15 +133,14 @@ def assert_border(screen, box, width, colors):
 
 CAMERAS = [(0, 0, 1.0), (10, 5, 1.5), (-3, 2, 0.5)]
 # Boxes that start or end between two pixels: they are cut as the background is.
-FRACTIONS = [(-40.5, -30.75, 1.0), (-40.999, 0, 1.0), (-27.1, -17.1, 1.004), (0.9, 0.9, 1.009)]
+CAMERAS += [(-40.5, -30.75, 1.0), (-40.999, 0, 1.0), (-27.1, -17.1, 1.004), (0.9, 0.9, 1.009)]
 
 
 @pytest.mark.parametrize("style", STYLES)
 @pytest.mark.parametrize("width", [1, 2, 5])
-@pytest.mark.parametrize("camera", CAMERAS + FRACTIONS, ids=str)
+@pytest.mark.parametrize("camera", CAMERAS, ids=str)
 def test_borders_lie_inside_the_box(screen, style, width, camera):
-    widget = plain(screen, style, borderwidth=width)
-    widget.draw(screen, *camera)
+    plain(screen, style, borderwidth=width).draw(screen, *camera)
     box = pygame.Rect(Place(dict(LOOK, x=40, y=30, height=60), camera).rect)
     assert_border(screen, box, width, STYLES[style])
 
@@ -170,12 +148,12 @@ def test_borders_lie_inside_the_box(screen, style, width, camera):
 @pytest.mark.parametrize("style", ["raised", "sunken", "solid"])
 def test_a_background_and_its_border_cover_the_same_pixels(screen, style):
     for x in (-0.9, -0.1, 12.9, 12.1):
-        widget = plain(screen, style, x=x, y=x, bgColor=pygame.Color(1, 2, 3), sx=1.004, sy=1.07)
-        widget.draw(screen, 0, 0, 1.0)
-        both, widget = ink(screen, GROUND), dress(widget, style="flat")
-        screen.fill(GROUND)
-        widget.draw(screen, 0, 0, 1.0)
-        assert ink(screen, GROUND) == both
+        inks = []
+        for look in (style, "flat"):
+            color = pygame.Color(1, 2, 3)
+            plain(screen, look, x=x, y=x, bgColor=color, sx=1.004, sy=1.07).draw(screen, 0, 0, 1.0)
+            inks.append(ink(screen, GROUND))
+        assert inks[0] == inks[1]
 
 
 @pytest.mark.parametrize("style", STYLES)
@@ -188,16 +166,10 @@ def test_borders_turn_with_the_widget(screen, style):
         assert max(abs(a - b) for a, b in zip(color, wanted)) <= 12
 
 
-@pytest.mark.parametrize("changes", [{"borderVisible": 2}, {"borderwidth": 0}], ids=str)
 @pytest.mark.parametrize("style", STYLES)
-def test_no_border(screen, style, changes):
-    assert shown(plain(screen, style, **changes), screen, [(90, 30)]) == [GROUND]
-
-
-@pytest.mark.parametrize("angle", [0, 5])
-def test_wrong_border_colors_are_refused(screen, angle):
-    widget = plain(screen, "solid", borderColor="no color", angle=angle)
-    assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
+def test_no_border(screen, style):
+    for changes in ({"borderVisible": 2}, {"borderwidth": 0}):
+        assert shown(plain(screen, style, **changes), screen, [(90, 30)]) == [GROUND]
 
 
 @pytest.mark.parametrize("flag", [True, 1, False, None, 2])
@@ -217,8 +189,6 @@ def test_focus_border_and_collision_outlines(screen, monkeypatch, flag):
     assert shown(widget, screen, edges) == [color if shows else GROUND] * 8
     assert shown(widget, screen, [(70, 45), (110, 70), (45, 35), (40, 30)]) == [GROUND] * 4
     assert (len(widget.GetCollRect("body")), widget.GetCollRect("empty")) == (2, [])
-    dress(widget, coll_visible=True, coll_rectArray={"": [(1, 2, 3, "x")]})
-    assert outcome(widget.draw, screen, 0, 0, 1.0) in (TypeError, ValueError)
     widget = plain(screen, coll_visible=flag, sy=2.0)
     widget.AddCollRect("body", (10, 5, 40, 20))
     assert shown(widget, screen, [(70, 40), (70, 79)]) == [color if shows else GROUND] * 2

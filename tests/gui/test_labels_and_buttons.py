@@ -6,16 +6,7 @@ import pygame
 import pytest
 import Tessora as T
 from helpers import ink
-from picture_oracle import (
-    LOOK,
-    BlockFont,
-    Place,
-    assert_draws,
-    draw_widget,
-    dress,
-    noise,
-    outcome,
-)
+from picture_oracle import LOOK, BlockFont, Place, assert_draws, draw_widget, dress, noise, outcome
 
 PAPER, INK = (255, 255, 255), pygame.Color(200, 10, 10)
 

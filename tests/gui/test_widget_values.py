@@ -33,7 +33,6 @@ def test_a_style_switches_the_border(arguments):
 
 
 pygame.font.init()
-ATTRIBUTES = list(vars(T.GUI_Button()))
 
 
 def storing(name, log):
@@ -44,8 +43,8 @@ def storing(name, log):
     return property(lambda self: self.__dict__["own_" + name], write)
 
 
-@pytest.mark.parametrize("name", ATTRIBUTES)
-def test_it_gets_what_the_attribute_would_hold(screen, name):
+@pytest.mark.parametrize("name", vars(T.GUI_Button()))
+def test_it_gets_what_the_attribute_would_hold(screen, tmp_path, monkeypatch, name):
     written = []
     cls = type("Own", (T.GUI_Button,), {name: storing(name, written)})
     widget, plain = cls(), T.GUI_Button()
@@ -56,16 +55,13 @@ def test_it_gets_what_the_attribute_would_hold(screen, name):
         widget.draw(screen, 0, 0, 1.0)
     widget.CopyTo(plain)
     T.GUI_Button().CopyTo(widget)
-
-
-@pytest.mark.parametrize("name", ATTRIBUTES)
-def test_frames_are_loaded_through_it(screen, tmp_path, monkeypatch, name):
+    # Frames are loaded through it.
     (tmp_path / "one.plist").write_bytes(
         b"<plist><dict><key>frames</key><dict><key>a</key><dict><key>frame</key>"
         b"<string>{{1,2},{3,4}}</string></dict></dict></dict></plist>"
     )
     pygame.image.save(pygame.Surface((9, 9)), str(tmp_path / "one.png"))
     monkeypatch.setattr(T, "Res", T.PyGameResManager(str(tmp_path)))
-    widget = type("Own", (T.GUI_Button,), {name: storing(name, [])})()
+    widget = cls()
     widget.LoadImageFramesPList("one.plist")
     assert widget.GetImage().get_size() == (3, 4) and widget.GetPlistFile() == "one.plist"

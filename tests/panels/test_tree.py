@@ -2,18 +2,11 @@
 
 from types import SimpleNamespace
 
+import picture_oracle as oracle
 import pygame
 import pytest
 import Tessora as T
-from picture_oracle import (
-    LOOKS,
-    assert_painted,
-    assert_parts,
-    draw_background,
-    draw_border,
-    draw_turned,
-    part_place,
-)
+from picture_oracle import LOOKS, assert_painted, assert_parts, dress, part_place
 
 WHITE, PAPER = (255,) * 4, (239, 239, 239, 255)
 SIGN = (128, 128, 128, 128)
@@ -31,7 +24,7 @@ def texts(item):
     return item.itemText, [texts(child) for child in item.itemChildren]
 
 
-def test_items_are_found_depth_first_and_inserted_below():
+def test_items_are_found_depth_first_and_inserted_below(screen):
     made = tree()
     assert texts(made.RootItemNode) == ("root", [("a", [("c", [])]), ("b", [])])
     made.InsertItem("a", "b", 5, None, 0)
@@ -39,13 +32,8 @@ def test_items_are_found_depth_first_and_inserted_below():
     assert made.InsertItem("none", "x") is None
     assert made.RootItemNode.LookForItemNode("x") is None
     first = T.TreeItemNode("text", 7)
-    assert vars(first) == {
-        "itemText": "text",
-        "itemValue": 7,
-        "itemImage": None,
-        "itemChildren": [],
-        "itemopen": False,
-    }
+    values = {"itemText": "text", "itemValue": 7, "itemImage": None, "itemChildren": []}
+    assert vars(first) == {**values, "itemopen": False}
     first.AppendChildItem(T.TreeItemNode("z"))
     first.InsertChildItem(0, T.TreeItemNode("y"))
     first.ExpandChildItem()
@@ -54,33 +42,25 @@ def test_items_are_found_depth_first_and_inserted_below():
     assert first.itemopen is False
 
 
+# The box of the root, twice; the row below, indented; no box: one without children, two texts.
+PRESSES = [(58, 40, "root"), (58, 40, ""), (64, 40, "root"), (78, 60, "root a")]
+PRESSES += [(98, 80, "root a"), (100, 40, "root a"), (57, 60, "root a")]
+
+
 def test_boxes_open_and_close_by_a_press(screen):
     made, told = tree(), []
     made.SetPickDownFunction(told.append)
-    item, point = made.RootItemNode, (40 + 18, 30 + 10)
-    for is_open in (True, False, True):
+    items = [made.RootItemNode.LookForItemNode(text) for text in ("root", "a", "b", "c")]
+    for x, y, opened in PRESSES:
         made.draw(screen)
-        assert made.OnPickDownFunction(*point) is made
-        assert item.itemopen is is_open
-    made.draw(screen)
-    # The row below, indented; its neighbour has nothing below it, and a text is no box.
-    made.OnPickDownFunction(78, 60)
-    assert item.LookForItemNode("a").itemopen is True
-    made.draw(screen)
-    for x, y in ((98, 80), (100, 40), (57, 60)):
-        made.OnPickDownFunction(x, y)
-    assert item.itemopen is True and item.LookForItemNode("c").itemopen is False
+        assert made.OnPickDownFunction(x, y) is made
+        assert [item.itemText for item in items if item.itemopen is True] == opened.split()
     assert len(told) == 7
     made.SetEnable(False)
-    assert made.OnPickDownFunction(*point) is None and item.itemopen is True
-
-
-def test_a_box_beside_the_widget_takes_its_press(screen):
-    made = tree()
-    made.SetWidth(20)
-    made.draw(screen)
-    assert made.OnPickDownFunction(40 + 24, 40) is made
-    assert made.RootItemNode.itemopen is True
+    assert made.OnPickDownFunction(58, 40) is None and items[0].itemopen is True
+    # A box beside the widget takes its press.
+    dress(made, enable=True, width=20).draw(screen)
+    assert made.OnPickDownFunction(64, 40) is made and items[0].itemopen is False
 
 
 def test_items_that_hold_themselves_end_in_a_recursion_error(screen):
@@ -127,31 +107,24 @@ def test_a_pictures_file_is_loaded_once(screen, monkeypatch):
 
 
 def paint_items(target, left, top, sx, sy, font, picture):
-    def box(x, y, width, height):
+    def box(x, y, width=0, height=0):
         return (left + x * sx, top + y * sy, width * sx, height * sy)
 
-    def line(row_left, row_top, start, end):
-        places = [(left + (row_left + x) * sx, top + (row_top + y) * sy) for x, y in (start, end)]
-        pygame.draw.line(target, SIGN, *[(int(x), int(y)) for x, y in places], 3)
+    def line(*ends):
+        places = [[int(side) for side in box(*end)[:2]] for end in ends]
+        pygame.draw.line(target, SIGN, *places, 3)
 
-    for row_left, row_top, kind, text in ((0, 0, "open", "root"), (20, 20, "shut", "a")):
-        pygame.draw.rect(target, SIGN, [int(s) for s in box(row_left + 10, row_top + 2, 16, 16)], 1)
-        line(row_left, row_top, (14, 10), (21, 10))
-        if kind == "shut":
-            line(row_left, row_top, (18, 6), (18, 13))
-        draw_text(target, font, text, box(row_left + 30, row_top, 0, 0), sx, sy)
-    line(20, 40, (14, 10), (21, 10))
-    width, height = 32 * 0.5, 32 * 0.5
-    left_top = box(50, 40 + 10 - height / 2, width, height)
-    scaled = pygame.transform.smoothscale(picture, (int(left_top[2]), int(left_top[3])))
-    target.blit(
-        scaled.convert_alpha(),
-        (
-            left_top[0] + left_top[2] / 2 - scaled.get_width() / 2,
-            left_top[1] + left_top[3] / 2 - scaled.get_height() / 2,
-        ),
-    )
-    draw_text(target, font, "b", box(50 + width + 4, 40, 0, 0), sx, sy)
+    for row, text in ((0, "root"), (20, "a")):
+        pygame.draw.rect(target, SIGN, [int(s) for s in box(row + 10, row + 2, 16, 16)], 1)
+        line((row + 14, row + 10), (row + 21, row + 10))
+        draw_text(target, font, text, box(row + 30, row), sx, sy)
+    line((38, 26), (38, 33))
+    line((34, 50), (41, 50))
+    x, y, width, height = box(50, 42, 16, 16)
+    scaled = pygame.transform.smoothscale(picture, (int(width), int(height))).convert_alpha()
+    corner = x + width / 2 - scaled.get_width() / 2, y + height / 2 - scaled.get_height() / 2
+    target.blit(scaled, corner)
+    draw_text(target, font, "b", box(70, 40), sx, sy)
 
 
 def draw_text(target, font, text, corner, sx, sy):
@@ -174,7 +147,7 @@ def test_a_tree_in_every_look(screen, look):
 
     def draw(target, camera):
         place = part_place(made, (0, 0, 160, 100), camera)
-        draw_background(target, place, WHITE)
+        oracle.draw_background(target, place, WHITE)
         sx, sy = place.WSX, place.WSY
         if place.WAngle == 0:
             paint_items(target, place.WX, place.WY, sx, sy, font, picture)
@@ -182,10 +155,9 @@ def test_a_tree_in_every_look(screen, look):
             # Drawn in its final size, and then turned.
             place.width, place.height = place.width * sx, place.height * sy
             place.WSX = place.WSY = 1.0
-            place.WX, place.WY = place.WX, place.WY
-            draw_turned(target, place, lambda s: paint_items(s, 0, 0, sx, sy, font, picture))
+            oracle.draw_turned(target, place, lambda s: paint_items(s, 0, 0, sx, sy, font, picture))
             place = part_place(made, (0, 0, 160, 100), camera)
-        draw_border(target, place, "sunken")
+        oracle.draw_border(target, place, "sunken")
 
     assert_painted(made, screen, look, draw)
 
@@ -207,11 +179,10 @@ def test_both_buttons_hide_the_message_box(screen, name):
 
 def test_the_text_of_a_message_box(screen):
     box = T.GUI_MsgBox(None, 0, 0, "Really?")
-    assert (box.Title.GetText(), box.OKButton.GetText()) == ("Really?", "\u786e\u5b9a")
-    assert box.CloseButton.GetText() == "X" and box.IsTextVisible() is False
-    box.SetText("Sure?")
-    assert box.GetText() == box.Title.GetText() == "Sure?"
+    assert [part.GetText() for part in box.children] == ["Really?", "\u786e\u5b9a", "X"]
     assert {part.GetFontName() for part in box.children} == {"Microsoft YaHei UI"}
+    box.SetText("Sure?")
+    assert box.GetText() == box.Title.GetText() == "Sure?" and box.IsTextVisible() is False
     box.Title = None
     pytest.raises(AttributeError, box.SetText, "x")
 

@@ -4,40 +4,26 @@ import pytest
 import Tessora as T
 from pygame import Color
 
-GREY, WHITE, BLACK = Color(168, 168, 168), Color(255, 255, 255), Color(0, 0, 0)
+GREY, WHITE, PAPER = Color(168, 168, 168), Color(255, 255, 255), Color(239, 239, 239)
 FONT = "font fontname fontsize fontbold fontitalic fontunderline strikethrough"
 RANGE = "minvalue=0 maxvalue=100 currvalue="
-BAR = RANGE + "0 step=10 rulerVisible=True"
+BUTTONS = "Button MidButton MidButtonPicked=False "
+BAR = "Button " + RANGE + "0 step=10 rulerVisible=True"
+SCALE = "font textColor texttopgap=2 textalign_V='bottom' Button ButtonPicked=False "
+LIST = "lineArray=[] lineCount=0 selectedIndex=-1 lineHeight=20 linegap=2 showlineCount=4 "
+LIST_BAR = " VScrollBar VScrollBarVisible=True"
+LIST += "lineIndex=0 itemBGColor textColor HAlign='left' VAlign='center' "
 FILL = "ProgressImage PositionImage " + RANGE + "50"
 # The type; attributes of the base that it sets otherwise; its own, in their order.
 VALUES = [
-    (
-        T.GUI_HScrollBar,
-        (120, 20, GREY, "raised"),
-        "LeftButton MidButton MidButtonPicked=False RightButton " + BAR,
-    ),
-    (
-        T.GUI_VScrollBar,
-        (20, 120, GREY, "raised"),
-        "UpButton MidButton MidButtonPicked=False DownButton " + BAR,
-    ),
-    (
-        T.GUI_Scale,
-        (120, 20, GREY, "sunken"),
-        "font textColor texttopgap=2 textalign_V='bottom' "
-        "Button ButtonPicked=False " + RANGE + "50 step=20 rulerVisible=True",
-    ),
+    (T.GUI_HScrollBar, (120, 20, GREY, "raised"), "Left" + BUTTONS + "Right" + BAR),
+    (T.GUI_VScrollBar, (20, 120, GREY, "raised"), "Up" + BUTTONS + "Down" + BAR),
+    (T.GUI_Scale, (120, 20, GREY, "sunken"), SCALE + RANGE + "50 step=20 rulerVisible=True"),
     (T.GUI_HProgressBar, (100, 20, WHITE, "sunken"), FILL),
     (T.GUI_VProgressBar, (20, 100, WHITE, "sunken"), FILL),
-    (
-        T.GUI_ListBox,
-        (120, 100, WHITE, "sunken"),
-        "lineArray=[] lineCount=0 selectedIndex=-1 "
-        "lineHeight=20 linegap=2 showlineCount=4 lineIndex=0 itemBGColor textColor HAlign='left' "
-        "VAlign='center' " + FONT + " VScrollBar VScrollBarVisible=True",
-    ),
+    (T.GUI_ListBox, (120, 100, WHITE, "sunken"), LIST + FONT + LIST_BAR),
     (T.GUI_ComboBox, (120, 120, WHITE, "flat"), "Edit Button DropList"),
-    (T.GUI_MsgBox, (160, 100, Color(239, 239, 239), "raised"), "Title OKButton CloseButton"),
+    (T.GUI_MsgBox, (160, 100, PAPER, "raised"), "Title OKButton CloseButton"),
     (T.GUI_Tree, (20, 100, WHITE, "sunken"), "RootItemNode=None " + FONT + " textColor"),
 ]
 IDS = [cls.__name__ for cls, _, _ in VALUES]
@@ -55,37 +41,30 @@ def test_attributes_in_their_order(screen, cls, look, own):
     assert [row for row in rows if row[1:] and repr(getattr(widget, row[0])) != row[1]] == []
 
 
-PARTS = [
-    (T.GUI_HScrollBar, "LeftButton", (0, 0, 20, 20), None),
-    (T.GUI_HScrollBar, "MidButton", (20, 0, 20, 20), None),
-    (T.GUI_HScrollBar, "RightButton", (100, 0, 20, 20), None),
-    (T.GUI_VScrollBar, "UpButton", (0, 0, 20, 20), None),
-    (T.GUI_VScrollBar, "MidButton", (0, 20, 20, 20), None),
-    (T.GUI_VScrollBar, "DownButton", (0, 100, 20, 20), None),
-    (T.GUI_Scale, "Button", (0, 0, 20, 20), None),
-    (T.GUI_HProgressBar, "ProgressImage", (0, 0, 100, 20), (64, 0, 0)),
-    (T.GUI_HProgressBar, "PositionImage", (0, 0, 2, 20), (128, 128, 128)),
-    (T.GUI_VProgressBar, "ProgressImage", (0, 0, 20, 100), (64, 64, 64)),
-    (T.GUI_VProgressBar, "PositionImage", (0, 0, 20, 2), (128, 128, 128)),
-    (T.GUI_ListBox, "VScrollBar", (100, 0, 20, 100), None),
-    (T.GUI_ComboBox, "Edit", (0, 0, 100, 20), (255, 255, 255)),
-    (T.GUI_ComboBox, "Button", (100, 0, 20, 20), None),
-    (T.GUI_ComboBox, "DropList", (0, 20, 120, 100), None),
-    (T.GUI_MsgBox, "Title", (20, 30, 120, 23), (239, 239, 239)),
-    (T.GUI_MsgBox, "OKButton", (60, 66, 60, 23), (239, 239, 239)),
-    (T.GUI_MsgBox, "CloseButton", (129, 1, 30, 23), (239, 239, 239)),
-]
+MESSAGE_BUTTONS = {"OKButton": (60, 66, 60, 23), "CloseButton": (129, 1, 30, 23)}
+# The places of the parts inside; 20 x 20 where no size is said.
+PARTS = {
+    T.GUI_HScrollBar: {"LeftButton": (0, 0), "MidButton": (20, 0), "RightButton": (100, 0)},
+    T.GUI_VScrollBar: {"UpButton": (0, 0), "MidButton": (0, 20), "DownButton": (0, 100)},
+    T.GUI_Scale: {"Button": (0, 0)},
+    T.GUI_HProgressBar: {"ProgressImage": (0, 0, 100, 20), "PositionImage": (0, 0, 2, 20)},
+    T.GUI_VProgressBar: {"ProgressImage": (0, 0, 20, 100), "PositionImage": (0, 0, 20, 2)},
+    T.GUI_ListBox: {"VScrollBar": (100, 0, 20, 100)},
+    T.GUI_ComboBox: {"Edit": (0, 0, 100, 20), "Button": (100, 0), "DropList": (0, 20, 120, 100)},
+    T.GUI_MsgBox: {"Title": (20, 30, 120, 23), **MESSAGE_BUTTONS},
+}
 
 
-@pytest.mark.parametrize(("cls", "name", "box", "color"), PARTS)
-def test_parts_are_children_in_their_places(screen, cls, name, box, color):
+@pytest.mark.parametrize("cls", PARTS)
+def test_parts_are_children_in_their_places(screen, cls):
     widget = cls()
-    part = getattr(widget, name)
-    assert part in widget.children and part.parent is widget
-    assert (*part.GetXY(), part.width, part.height) == box
-    assert color is None or part.GetBGColor() == Color(*color)
-    visible = name not in ("PositionImage", "VScrollBar", "DropList")
-    assert part.IsVisible() is visible
+    parts = {name: getattr(widget, name) for name in PARTS[cls]}
+    boxes = {name: (*part.GetXY(), part.width, part.height) for name, part in parts.items()}
+    assert boxes == {name: (*box, 20, 20)[:4] for name, box in PARTS[cls].items()}
+    assert set(parts.values()) <= set(widget.children)
+    assert {part.parent for part in parts.values()} == {widget}
+    hidden = [name for name, part in parts.items() if part.IsVisible() is not True]
+    assert set(hidden) == {"PositionImage", "VScrollBar", "DropList"} & set(parts)
 
 
 def test_arguments_by_keyword(screen):
