@@ -155,6 +155,9 @@ Definition read_definition(Value dict) {
   for (const Parameter& each : kParameters) read.numbers.push_back(read_parameter(dict, each));
   for (const ColorParameter& each : kColors) read.colors.push_back(read_color(dict, each));
   read.image = entry(dict, "imageFile", nullptr);
+  if (read.image.is_set() && !read.image.is_text()) {
+    host::raise(PyExc_TypeError, "imageFile is no file name: %.80R", read.image);
+  }
   return read;
 }
 

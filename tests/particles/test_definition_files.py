@@ -90,6 +90,8 @@ DAMAGED = {
     "no number": plistlib.dumps({"Life": "long"}),
     "no colour": plistlib.dumps({"EndColorR": 256}),
     "no integer": plistlib.dumps({"ParticleTotal": "many"}),
+    "no file name": plistlib.dumps({"imageFile": {"a": 1}}),
+    "a switch for a file": plistlib.dumps({"imageFile": True}),
     "infinite": plistlib.dumps({"ParticleTotal": float("inf")}),
     "many digits": plistlib.dumps({"ParticleTotal": "9" * 10**6}),
     "entities": b'<!DOCTYPE p [<!ENTITY a "aaaa">]><plist><dict><key>&a;</key></dict></plist>',
