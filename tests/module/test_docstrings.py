@@ -1,5 +1,6 @@
 """What help() tells: a text for everything, defaults that are true, examples that run."""
 
+import ast
 import doctest
 import inspect
 import io
@@ -42,18 +43,17 @@ def test_members_carry_their_text():
             assert inspect.getdoc(vars(cls)[each["name"]]) == inspect.cleandoc(each["doc"])
 
 
-def new_object(cls):
-    needed = [
-        name
-        for name, parameter in inspect.signature(cls).parameters.items()
-        if parameter.default is parameter.empty and parameter.kind is not parameter.VAR_KEYWORD
-    ]
-    return cls(*[{"parent": None, "resdir": "no such folder"}.get(name, 1) for name in needed])
+# From the declaration: Python 3.9 drops the signatures of such classes.
+def new_object(row):
+    made = ast.parse(f"def make{row['signature']}: pass").body[0].args
+    needed = made.args[: len(made.args) - len(made.defaults)]
+    values = {"parent": None, "resdir": "no such folder"}
+    return getattr(T, row["name"])(*[values.get(each.arg, 1) for each in needed])
 
 
 @pytest.mark.parametrize("row", CLASS_ROWS, ids=BY_NAME)
 def test_the_default_of_an_attribute_is_the_one_that_is_told(row, screen):
-    new = new_object(getattr(T, row["name"]))
+    new = new_object(row)
     for each in row["members"]:
         told = re.search(r"Default (.+)\.$", each["doc"])
         other = re.search(r"at first the one in `(\w+)`", each["doc"])
