@@ -3,6 +3,7 @@
 import os
 import random
 import sys
+from types import SimpleNamespace
 
 # pygame reads these when it is imported.
 os.environ["SDL_VIDEODRIVER"] = "dummy"
@@ -44,3 +45,11 @@ def screen():
     surface.fill((0, 0, 0))
     pygame.event.clear()
     return surface
+
+
+@pytest.fixture
+def pointer(monkeypatch):
+    """The mouse, away from every widget until a test sets its `place`."""
+    pointer = SimpleNamespace(place=(-9, -9))
+    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
+    return pointer

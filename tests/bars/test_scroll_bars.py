@@ -1,7 +1,5 @@
 """Scroll bars and the scale: steps, drags, and where the button stands."""
 
-from types import SimpleNamespace
-
 import picture_oracle as oracle
 import pygame
 import pytest
@@ -45,13 +43,6 @@ class Bar:
 @pytest.fixture(params=KINDS)
 def bar(request, screen):
     return Bar(request.param)
-
-
-@pytest.fixture
-def pointer(monkeypatch):
-    pointer = SimpleNamespace(place=(-9, -9))
-    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
-    return pointer
 
 
 def test_end_buttons_step_to_the_ends(bar):

@@ -15,13 +15,6 @@ COLORS = {"": (10, 20, 200), "_hover": (20, 200, 30), "_click": (200, 30, 40)}
 DARK = pygame.Color(64, 64, 64)
 
 
-@pytest.fixture
-def pointer(monkeypatch):
-    pointer = SimpleNamespace(place=AWAY)
-    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
-    return pointer
-
-
 def button(cls, **changes):
     widget = dress(cls(None, 40, 30), textVisible=False, height=30)
     for state, (red, green, blue) in COLORS.items():

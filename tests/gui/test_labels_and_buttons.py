@@ -92,13 +92,6 @@ AWAY, INSIDE = (300, 200), (60, 50)
 COLORS = {"": (10, 20, 200, 255), "_hover": (20, 200, 30, 255), "_click": (200, 30, 40, 255)}
 
 
-@pytest.fixture
-def pointer(monkeypatch):
-    pointer = SimpleNamespace(place=AWAY)
-    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
-    return pointer
-
-
 def button(images=False, **changes):
     widget = dress(T.GUI_Button(None, 40, 30), borderVisible=False, height=60)
     for state, color in COLORS.items():

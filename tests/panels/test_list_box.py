@@ -1,7 +1,5 @@
 """The list box: lines, selection, scrolling; and the combo box, which opens one."""
 
-from types import SimpleNamespace
-
 import picture_oracle as oracle
 import pygame
 import pytest
@@ -11,11 +9,7 @@ from picture_oracle import LOOKS, assert_painted, assert_parts, dress, outcome, 
 WHITE, GREY, SELECTED = (255,) * 4, (168, 168, 168, 255), (64, 64, 64, 255)
 
 
-@pytest.fixture(autouse=True)
-def pointer(monkeypatch):
-    pointer = SimpleNamespace(place=(-9, -9))
-    monkeypatch.setattr(pygame.mouse, "get_pos", lambda: pointer.place)
-    return pointer
+pytestmark = pytest.mark.usefixtures("pointer")
 
 
 def list_box(lines, make=T.GUI_ListBox):
